@@ -1,0 +1,95 @@
+#pragma once
+
+#include "platform/Errors.h"
+#include "platform/Routine.h"
+#include "platform/outlook/ObjectModel.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+/// Handles on Outlook's objects. Each operation is a statement of the current routine; on a handle that is nothing it fails
+/// with "object not set". A skipped operation gives a handle that is nothing, a null, an empty text or 0.
+namespace wmoutlook::outlook {
+
+template <class Object>
+class Handle {
+public:
+    Handle() = default;
+    explicit Handle(std::shared_ptr<Object> object) : object_(std::move(object)) {}
+
+    /// The test by which the rules ask whether an item is there.
+    [[nodiscard]] bool isNothing() const { return object_ == nullptr; }
+    void release() { object_.reset(); }
+
+protected:
+    [[nodiscard]] Object& object() const {
+        if (!object_) throw ObjectNotSet{"Outlook"};
+        return *object_;
+    }
+
+private:
+    std::shared_ptr<Object> object_;
+};
+
+class UserProperty : public Handle<port::UserProperty> {
+public:
+    using Handle::Handle;
+    void setValue(const Variant& value) const;
+};
+
+class UserProperties : public Handle<port::UserProperties> {
+public:
+    using Handle::Handle;
+    /// Without adding the property to the folder's fields.
+    UserProperty add(std::string_view name, UserPropertyType type) const;
+};
+
+class Item : public Handle<port::Item> {
+public:
+    using Handle::Handle;
+    [[nodiscard]] Variant get(std::string_view property) const;
+    [[nodiscard]] std::string text(std::string_view property) const;
+    void put(std::string_view property, const Variant& value) const;
+    void save() const;
+    void remove() const;
+    [[nodiscard]] UserProperties userProperties() const;
+};
+
+class Items : public Handle<port::Items> {
+public:
+    using Handle::Handle;
+    [[nodiscard]] Item add() const;  ///< of the folder's default type
+    [[nodiscard]] Item find(std::string_view filter) const;
+};
+
+class MAPIFolder : public Handle<port::MAPIFolder> {
+public:
+    using Handle::Handle;
+    [[nodiscard]] Items items() const;
+    [[nodiscard]] std::string storeID() const;
+    [[nodiscard]] std::string entryID() const;
+};
+
+class NameSpace : public Handle<port::NameSpace> {
+public:
+    using Handle::Handle;
+    void logon(std::optional<std::string_view> profile, std::optional<std::string_view> password, bool showDialog,
+               bool newSession) const;
+    [[nodiscard]] MAPIFolder getDefaultFolder(DefaultFolder folder) const;
+    [[nodiscard]] MAPIFolder getFolderFromID(std::string_view entryID, std::string_view storeID) const;
+    /// With errors caught on the spot: nothing when the item is not there, for whatever reason.
+    [[nodiscard]] Item findItemFromID(std::string_view entryID, std::string_view storeID) const;
+};
+
+class Application : public Handle<port::Application> {
+public:
+    using Handle::Handle;
+    [[nodiscard]] NameSpace getNamespace(std::string_view type) const;
+    [[nodiscard]] Item createItem(ItemType type) const;
+    void quit() const;
+};
+
+}  // namespace wmoutlook::outlook
