@@ -60,7 +60,7 @@ public:
     /// textually). False, and noMatch true, when there is none; the current row then stays.
     virtual bool findFirst(RecordsetHandle handle, std::string_view field, std::string_view value) = 0;
     virtual bool findNext(RecordsetHandle handle) = 0;  ///< the next match of the same search, behind the current row
-    [[nodiscard]] virtual bool noMatch(RecordsetHandle handle) = 0;
+    [[nodiscard]] virtual bool noMatch(RecordsetHandle handle) = 0;  ///< the last search found nothing; false before any search
     /// Field tests (=, <>, <, <=, >, >=, with a literal) joined by AND; the first row for which all hold.
     virtual bool findByCriteria(RecordsetHandle handle, std::string_view criteria) = 0;
 

@@ -66,7 +66,7 @@ public:
 
 private:
     template <class Attempt>
-    friend auto statement(Attempt&& attempt) -> std::invoke_result_t<Attempt>;
+    friend auto statement(Attempt&& attempt, std::invoke_result_t<Attempt> skipped) -> std::invoke_result_t<Attempt>;
     template <class Attempt>
     friend auto quietly(Attempt&& attempt) -> std::invoke_result_t<Attempt>;
 
@@ -87,11 +87,10 @@ private:
     std::shared_ptr<ErrorService> traced_;  ///< the service that was told of the entry
 };
 
-/// Runs one statement under the handler of the current routine. When it is skipped, its result is the default of its type
-/// (a null, an empty text, 0, False, nothing). Outside of all routines the exception goes on.
+/// Runs one statement under the handler of the current routine. When it is skipped, its result is `skipped`, by default the
+/// empty value of its type (a null, an empty text, 0, False, nothing). Outside of all routines the exception goes on.
 template <class Attempt>
-auto statement(Attempt&& attempt) -> std::invoke_result_t<Attempt> {
-    using Result = std::invoke_result_t<Attempt>;
+auto statement(Attempt&& attempt, std::invoke_result_t<Attempt> skipped) -> std::invoke_result_t<Attempt> {
     for (;;) {
         try {
             return attempt();
@@ -100,13 +99,19 @@ auto statement(Attempt&& attempt) -> std::invoke_result_t<Attempt> {
         } catch (const HostUnwind&) {
             throw;
         } catch (...) {
-            if (Routine::handleCaught() == Routine::Next::tryAgain) continue;
+            if (Routine::handleCaught() == Routine::Next::goOn) break;
         }
-        if constexpr (std::is_void_v<Result>)
-            return;
-        else
-            return Result{};
     }
+    return skipped;
+}
+
+template <class Attempt>
+auto statement(Attempt&& attempt) -> std::invoke_result_t<Attempt> {
+    using Result = std::invoke_result_t<Attempt>;
+    if constexpr (std::is_void_v<Result>)
+        statement([&] { return attempt(), true; }, false);
+    else
+        return statement(std::forward<Attempt>(attempt), Result{});
 }
 
 /// Runs one statement with errors caught on the spot: a failure is no failure here, and the result is the default.

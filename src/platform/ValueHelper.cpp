@@ -10,6 +10,10 @@ bool isNullOrEmpty(const Variant& value) {
     return text != nullptr && isNullOrEmpty(std::string_view{*text});
 }
 
+bool isNullOrEmpty(const std::string& text) {
+    return isNullOrEmpty(std::string_view{text});
+}
+
 bool isNullOrEmpty(std::string_view text) {
     return withoutWhiteSpaceAround(text).empty();
 }

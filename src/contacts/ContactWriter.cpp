@@ -1,0 +1,221 @@
+#include "contacts/ContactWriter.h"
+
+#include "contacts/ContactFieldMaps.h"
+#include "hostdata/HostServices.h"
+#include "hostdata/Recordset.h"
+#include "hostdata/modDatabaseFunctions.h"
+#include "platform/Routine.h"
+#include "platform/Text.h"
+#include "platform/ValueHelper.h"
+
+#include <span>
+
+namespace wmoutlook {
+
+using namespace contactmaps;
+using ValueHelper::isNullOrEmpty;
+
+namespace {
+
+// Years outside which a birthday stays in the host; an anniversary has no such test, on purpose.
+constexpr std::int32_t kFirstBirthYear = 1886;
+constexpr std::int32_t kLastBirthYear = 2999;
+
+/// Outlook's numbers for a gender.
+constexpr std::int32_t kUnspecified = 0;
+constexpr std::int32_t kFemale = 1;
+constexpr std::int32_t kMale = 2;
+
+void put(const PropertyRow& map, const Recordset& row, const outlook::Item& item) {
+    if (const auto value = row.textIfRead(map.hostField)) item.put(map.property, *value);
+}
+
+void putAll(std::span<const PropertyRow> maps, const Recordset& row, const outlook::Item& item) {
+    for (const PropertyRow& map : maps) put(map, row, item);
+}
+
+/// The identity lives in the links: the first two properties are there without a value.
+void stamp(const outlook::Item& item) {
+    const outlook::UserProperties properties = item.userProperties();
+    properties.add("TallowbrookID", outlook::UserPropertyType::number);
+    properties.add("EntryID", outlook::UserPropertyType::text);
+    properties.add("DateLastSynched", outlook::UserPropertyType::dateTime).setValue(today());
+}
+
+std::int32_t outlookGender(std::string_view hostGender) {
+    const std::string gender = upperCase(hostGender);
+    if (gender == "MALE") return kMale;
+    return gender == "FEMALE" ? kFemale : kUnspecified;
+}
+
+bool isWrittenBirthday(Date birthday) {
+    const std::int32_t year = civil(birthday).year;
+    return year >= kFirstBirthYear && year <= kLastBirthYear;
+}
+
+void writeGenderAndDates(const Recordset& contact, const outlook::Item& item) {
+    item.put(property::Gender, outlookGender(contact.text("Gender")));
+
+    const Variant birthday = contact.field("Birthday");
+    if (!isNullOrEmpty(birthday) && statement([&] { return isWrittenBirthday(birthday.toDate()); }))
+        item.put(property::Birthday, birthday);
+
+    const Variant anniversary = contact.field("Anniversary");
+    if (!isNullOrEmpty(anniversary)) item.put(property::Anniversary, anniversary);
+}
+
+void writeCompanyPhones(const Recordset& contact, const Recordset& company, const outlook::Item& item) {
+    for (const PhoneRow& map : kBusinessPhoneRows) {
+        std::string number = contact.text(map.contactField);
+        if (isNullOrEmpty(number)) number = company.text(map.companyField);
+        if (!isNullOrEmpty(number)) item.put(map.property, number);
+    }
+}
+
+}  // namespace
+
+outlook::Item ContactWriter::itemToWrite(std::string_view entryID, std::string_view storeID) const {
+    const OutlookSession& session = run_.outlook;
+    outlook::Item item;
+    if (!isNullOrEmpty(entryID)) item = session.nameSpace.findItemFromID(entryID, storeID);  // deleted in Outlook: it comes back
+    if (item.isNothing()) {
+        const std::string& folderID = run_.options.outlookImportFolderEntryID;
+        item = isNullOrEmpty(folderID) || isNullOrEmpty(storeID)
+                   ? session.application.createItem(outlook::ItemType::contact)
+                   : session.nameSpace.getFolderFromID(folderID, storeID).items().add();
+    }
+    stamp(item);
+    return item;
+}
+
+std::string ContactWriter::createNewTallowbrookContactInOutlook(std::int32_t contactID, std::int32_t companyID,
+                                                                std::string_view entryID, std::string_view storeID) const {
+    std::string written{kNothingWritten};
+    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-createNewTallowbrookContactInOutlook", &run_.ExitProgram};
+    routine.run([&] {
+        const outlook::Item item = itemToWrite(entryID, storeID);
+        if (!isDatabaseOpen() || contactID < 0) return;
+        const Recordset contacts{"SELECT Contacts.* FROM Contacts;"};
+        if (!contacts.findFirst("ContactID", contactID)) return;
+        writeContact(item, contacts, contactID, companyID);
+        item.save();
+        written = item.text(property::EntryID);
+    });
+    return written;
+}
+
+void ContactWriter::writeContact(const outlook::Item& item, const Recordset& contact, std::int32_t contactID,
+                                 std::int32_t companyID) const {
+    std::string email1 = contact.text("BusinessEmail");
+    std::string email2 = contact.text("PersonalEmail");
+    std::string email3;  // sorted, but not written for a contact
+    sortEmailAddresses(email1, email2, email3);
+
+    putAll(kNameRows, contact, item);
+    item.put(property::Categories, run_.options.outlookCategory);
+    putAll(kPersonRows, contact, item);
+    item.put(property::Email1Address, email1);
+    item.put(property::Email2Address, email2);
+    writeGenderAndDates(contact, item);
+    if (run_.options.syncContactInformation == syncContactInformationEnum::contactWithCompanyInfo)
+        writeBusinessOfContact(item, contact, companyID);
+
+    const std::string companyName = item.text(property::CompanyName);
+    if (run_.options.syncContactDisplayType == syncContactDisplayEnum::contactShowCompanyName && !isNullOrEmpty(companyName)) {
+        item.put(property::FileAs, companyName);
+        showProgress(companyName);
+    } else {
+        item.put(property::FileAs, modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false));
+        showProgress(contact.text("DisplayName"));
+    }
+}
+
+void ContactWriter::writeBusinessOfContact(const outlook::Item& item, const Recordset& contact, std::int32_t companyID) const {
+    putAll(kJobRows, contact, item);
+    if (modDatabaseFunctions::validCompanyID(companyID)) {
+        const Recordset companies{"SELECT Companies.* FROM Companies;"};
+        if (companies.findFirst("CompanyID", companyID)) {
+            put(kCompanyNameRow, companies, item);
+            putAll(kCompanyAddressRows, companies, item);
+            writeCompanyPhones(contact, companies, item);
+            return;
+        }
+    }
+    putAll(kOwnBusinessRows, contact, item);
+}
+
+std::string ContactWriter::createNewTallowbrookCompanyInOutlook(std::int32_t companyID, std::string_view entryID,
+                                                                std::string_view storeID) const {
+    std::string written{kNothingWritten};
+    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-createNewTallowbrookCompanyInOutlook", &run_.ExitProgram};
+    routine.run([&] {
+        const outlook::Item item = itemToWrite(entryID, storeID);
+        if (!isDatabaseOpen() || companyID < 0) return;
+        const Recordset companies{"SELECT Companies.* FROM Companies;"};
+        if (!companies.findFirst("CompanyID", companyID)) return;
+        writeCompany(item, companies, companyID);
+        item.save();
+        written = item.text(property::EntryID);
+    });
+    return written;
+}
+
+void ContactWriter::writeCompany(const outlook::Item& item, const Recordset& company, std::int32_t companyID) const {
+    const bool hasPerson = run_.options.syncCompanyInformation == syncCompanyInformationEnum::companyWithDefaultContact;
+    const bool showsPerson = run_.options.syncCompanyDisplayType == syncCompanyDisplayEnum::companyShowContactName;
+
+    put(kCompanyNameRow, company, item);
+    item.put(property::Categories, run_.options.outlookCategory);
+    putAll(kCompanyAddressRows, company, item);
+    putAll(kCompanyNumberRows, company, item);
+    const std::int32_t contactID = hasPerson ? writeDefaultContact(item, company, companyID) : kNoRecord;
+
+    const std::string companyName = company.text("CompanyName");
+    const bool isFiledByPerson = hasPerson && showsPerson && contactID != kNoRecord;
+    item.put(property::FileAs,
+             isFiledByPerson ? modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false) : companyName);
+    showProgress(companyName);
+}
+
+std::int32_t ContactWriter::writeDefaultContact(const outlook::Item& item, const Recordset& company,
+                                                std::int32_t companyID) const {
+    const std::int32_t contactID = modDatabaseFunctions::getDefaultContactIDFromCompanyID(companyID);
+    if (!modDatabaseFunctions::validContactID(contactID)) return kNoRecord;
+    const Recordset contacts{"SELECT Contacts.* FROM Contacts;"};
+    if (!contacts.findFirst("ContactID", contactID)) return kNoRecord;
+
+    std::string email1 = company.text("Email");
+    std::string email2 = contacts.text("BusinessEmail");
+    std::string email3 = contacts.text("PersonalEmail");
+    sortEmailAddresses(email1, email2, email3);
+
+    putAll(kNameRows, contacts, item);
+    item.put(property::Email1Address, email1);
+    item.put(property::Email2Address, email2);
+    item.put(property::Email3Address, email3);
+    putAll(kPersonRows, contacts, item);
+    writeGenderAndDates(contacts, item);
+    putAll(kJobRows, contacts, item);
+    for (const PropertyRow& map : kWhereCompanyIsBlankRows)
+        if (isNullOrEmpty(item.get(map.property))) put(map, contacts, item);
+    item.put(property::Business2TelephoneNumber, contacts.text("BusinessPhone_Cell"));
+    item.put(property::Email2Address, email2);  // written a second time: the block ends with it
+    return contactID;
+}
+
+void ContactWriter::showProgress(std::string_view name) const {
+    if (run_.options.showProgress) showProgressMessage(run_.contactsProgress, "Synchronizing " + std::string{name});
+}
+
+void sortEmailAddresses(std::string& first, std::string& second, std::string& third) {
+    if (isNullOrEmpty(first)) {
+        if (!isNullOrEmpty(second))
+            first = second;
+        else if (!isNullOrEmpty(third))
+            first = third;
+    }
+    if (isNullOrEmpty(second) && !isNullOrEmpty(third)) second = third;
+    if (!isNullOrEmpty(first) && isNullOrEmpty(second) && isNullOrEmpty(third)) second = first;
+}
+
+}  // namespace wmoutlook

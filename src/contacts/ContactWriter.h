@@ -1,0 +1,46 @@
+#pragma once
+
+#include "syncstore/SyncRun.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace wmoutlook {
+
+class Recordset;
+
+/// Writes one host client into one Outlook contact: the item is updated when it can be got, otherwise created. Every mapped
+/// property is overwritten, blank values included; a property of the item that has no host field is left alone.
+class ContactWriter {
+public:
+    explicit ContactWriter(SyncRun& run) : run_(run) {}
+
+    // The result is the entry identifier of the saved item, or kNothingWritten when the host's row is gone; the item is not
+    // saved then.
+
+    static constexpr std::string_view kNothingWritten = "-1";
+
+    /// A contact, with company data when the run asks for it; companyID is -1 for none. A blank entryID creates an item.
+    std::string createNewTallowbrookContactInOutlook(std::int32_t contactID, std::int32_t companyID, std::string_view entryID,
+                                                     std::string_view storeID) const;
+    /// A company, with the person data of its default contact when the run asks for it.
+    std::string createNewTallowbrookCompanyInOutlook(std::int32_t companyID, std::string_view entryID,
+                                                     std::string_view storeID) const;
+
+private:
+    [[nodiscard]] outlook::Item itemToWrite(std::string_view entryID, std::string_view storeID) const;
+    void writeContact(const outlook::Item& item, const Recordset& contact, std::int32_t contactID, std::int32_t companyID) const;
+    void writeBusinessOfContact(const outlook::Item& item, const Recordset& contact, std::int32_t companyID) const;
+    void writeCompany(const outlook::Item& item, const Recordset& company, std::int32_t companyID) const;
+    /// The default contact whose data was written; -1 when the company has none.
+    std::int32_t writeDefaultContact(const outlook::Item& item, const Recordset& company, std::int32_t companyID) const;
+    void showProgress(std::string_view name) const;
+
+    SyncRun& run_;
+};
+
+/// Fills gaps so that the first slots are not empty. It copies and never clears: one address can end up in two or three slots.
+void sortEmailAddresses(std::string& first, std::string& second, std::string& third);
+
+}  // namespace wmoutlook

@@ -1,0 +1,107 @@
+#include "contacts/SynchronizeContacts.h"
+
+#include "contacts/ContactWriter.h"
+#include "hostdata/HostServices.h"
+#include "hostdata/Recordset.h"
+#include "platform/Errors.h"
+#include "platform/Routine.h"
+#include "platform/ValueHelper.h"
+#include "syncstore/ContactLinks.h"
+
+#include <string>
+
+namespace wmoutlook {
+
+namespace {
+
+/// The walk over the host's tables. The order of work is the tables', not the selection's, and a selected number that has no
+/// row is dropped without a word.
+class HostToOutlookWalk {
+public:
+    explicit HostToOutlookWalk(SyncRun& run) : run_(run), links_(run), writer_(run) {}
+
+    void walk() {
+        chooseStore();
+        walkCompanies();
+        walkContacts();
+    }
+
+private:
+    /// The default contacts folder when no folder was chosen; its identifier stays in the options after the run.
+    void chooseStore() {
+        SyncOptions& options = run_.options;
+        if (!ValueHelper::isNullOrEmpty(options.outlookImportFolderStoreID)) {
+            storeID_ = options.outlookImportFolderStoreID;
+            return;
+        }
+        const outlook::MAPIFolder folder = run_.outlook.nameSpace.getDefaultFolder(outlook::DefaultFolder::contacts);
+        storeID_ = folder.storeID();
+        options.outlookImportFolderEntryID = folder.entryID();
+    }
+
+    void walkCompanies() {
+        walkRows(run_.companyCollection, "SELECT Companies.* FROM Companies;", "CompanyID", selection::kCompanyNum,
+                 [&](std::int32_t companyID, const RecordList&) {
+                     std::string entryID = links_.getOutlookIDFromTallowbrookCompanyID(companyID, storeID_);
+                     entryID = writer_.createNewTallowbrookCompanyInOutlook(companyID, entryID, storeID_);
+                     links_.saveCompanyOutlookID(companyID, entryID, storeID_);
+                 });
+    }
+
+    void walkContacts() {
+        walkRows(run_.contactCollection, "SELECT Contacts.* FROM Contacts;", "ContactID", selection::kContactNum,
+                 [&](std::int32_t contactID, const RecordList& selected) {
+                     std::string entryID = links_.getOutlookIDFromTallowbrookContactID(contactID, storeID_);
+                     const std::int32_t companyID = companyOf(selected);
+                     entryID = writer_.createNewTallowbrookContactInOutlook(contactID, companyID, entryID, storeID_);
+                     links_.saveContactOutlookID(contactID, entryID, storeID_);
+                 });
+    }
+
+    static std::int32_t companyOf(const RecordList& selected) {
+        const Variant& companyNum = selected.value(selection::kCompanyNum);
+        if (ValueHelper::isNullOrEmpty(companyNum)) return kNoRecord;
+        return statement([&] { return companyNum.toInteger(); }, kNoRecord);
+    }
+
+    template <class Write>
+    void walkRows(const std::shared_ptr<RecordList>& selected, std::string_view query, std::string_view key, std::size_t column,
+                  Write write) {
+        const bool isEmpty = statement(
+            [&] {
+                if (!selected) throw ObjectNotSet{"selection list"};
+                return selected->isEmpty();
+            },
+            true);
+        if (isEmpty || !isDatabaseOpen()) return;
+        Recordset rows{query};
+        if (!rows.hasRows()) return;
+        for (rows.moveFirst(); !rows.isAtEnd(); rows.moveNext()) {
+            const std::int32_t number = rows.number(key, kNoRecord);
+            if (selected->find(toText(number), column) != RecordList::kNotFound) write(number, *selected);
+            if (run_.options.showProgress) stepProgress(run_.contactsProgress);  // the row counts, selected or not
+            yieldTwice();
+        }
+    }
+
+    SyncRun& run_;
+    ContactLinks links_;
+    ContactWriter writer_;
+    std::string storeID_;
+};
+
+}  // namespace
+
+void SynchronizeContacts(SyncRun& run) {
+    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-SynchronizeContacts", &run.ExitProgram};
+    routine.run([&] {
+        if (!run.outlook.isConnected) return;
+        switch (run.options.syncDirectionType) {
+            case outlookSyncTypeEnum::syncFromTallowbrookToOutlook: HostToOutlookWalk{run}.walk(); break;
+            case outlookSyncTypeEnum::syncFromOutlookToTallowbrook:  // has no pass for contacts yet
+            case outlookSyncTypeEnum::syncBothsWays: break;          // no direction wins, so neither side is touched
+        }
+    });
+}
+
+}  // namespace wmoutlook

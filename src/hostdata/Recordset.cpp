@@ -1,0 +1,138 @@
+#include "hostdata/Recordset.h"
+
+#include "hostdata/HostServices.h"
+#include "platform/Errors.h"
+#include "platform/Routine.h"
+#include "platform/ValueHelper.h"
+
+#include <exception>
+
+namespace wmoutlook {
+
+namespace {
+
+/// A statement at the end of a scope: silent when the scope is left by an exception.
+template <class Attempt>
+void closingStatement(int exceptionsBefore, Attempt&& attempt) {
+    if (std::uncaught_exceptions() > exceptionsBefore) {
+        try {
+            attempt();
+        } catch (...) {  // the exception on its way is what matters
+        }
+    } else {
+        statement(attempt);
+    }
+}
+
+}  // namespace
+
+Recordset::Recordset(std::string_view sql, LockCode lock)
+    : database_(hostServices().database), exceptionsAtOpening_(std::uncaught_exceptions()) {
+    handle_ = statement([&] { return database().openRecordset(sql, lock); }, kNoRecordset);
+}
+
+Recordset::~Recordset() noexcept(false) {
+    if (handle_ == kNoRecordset) return;
+    closingStatement(exceptionsAtOpening_, [&] {
+        if (database_->isRecordsetOpen(handle_)) database_->closeRecordset(handle_);
+    });
+}
+
+HostDatabase& Recordset::database() const {
+    if (!database_) throw ObjectNotSet{"host database"};
+    return *database_;
+}
+
+std::int32_t Recordset::recordCount() const {
+    return statement([&] { return database().recordCount(handle_); });
+}
+
+bool Recordset::hasRows() const {
+    return statement([&] { return database().hasRows(handle_); });
+}
+
+bool Recordset::isAtEnd() const {
+    return isPassedOver_ || statement([&] { return database().isEndOfRecordset(handle_); }, true);
+}
+
+bool Recordset::moveFirst() {
+    isPassedOver_ = true;
+    const bool hasRow = statement([&] { return database().moveFirst(handle_); });
+    isPassedOver_ = !hasRow;
+    return hasRow;
+}
+
+void Recordset::moveNext() {
+    isPassedOver_ = !statement([&] { return database().moveNext(handle_), true; });
+}
+
+Variant Recordset::field(std::string_view name) const {
+    return statement([&] { return database().getField(handle_, name); });
+}
+
+std::string Recordset::text(std::string_view name) const {
+    return field(name).toText();
+}
+
+std::optional<std::string> Recordset::textIfRead(std::string_view name) const {
+    return statement([&]() -> std::optional<std::string> { return database().getField(handle_, name).toText(); });
+}
+
+std::int32_t Recordset::number(std::string_view name, std::int32_t fallback) const {
+    const Variant value = field(name);
+    if (ValueHelper::isNullOrEmpty(value)) return fallback;
+    return statement([&] { return value.toInteger(); }, fallback);
+}
+
+bool Recordset::truth(std::string_view name) const {
+    const Variant value = field(name);
+    return !ValueHelper::isNullOrEmpty(value) && statement([&] { return value.toBoolean(); });
+}
+
+bool Recordset::findFirst(std::string_view field, std::string_view value) const {
+    return statement([&] { return database().findFirst(handle_, field, value); });
+}
+
+bool Recordset::findFirst(std::string_view field, std::int32_t value) const {
+    return findFirst(field, toText(value));
+}
+
+bool Recordset::findNext() const {
+    return statement([&] { return database().findNext(handle_); });
+}
+
+bool Recordset::noMatch() const {
+    return statement([&] { return database().noMatch(handle_); }, true);
+}
+
+void Recordset::update(std::string_view field, std::string_view value) const {
+    statement([&] { database().updateField(handle_, field, value); });
+}
+
+void Recordset::deleteRecord() const {
+    statement([&] { database().deleteRecord(handle_); });
+}
+
+void Recordset::addNew() const {
+    statement([&] { database().addNewRecord(handle_); });
+}
+
+void Recordset::set(std::string_view field, std::string_view value) const {
+    statement([&] { database().setNewField(handle_, field, value); });
+}
+
+void Recordset::save() const {
+    statement([&] { database().saveNewRecord(handle_); });
+}
+
+KeptPosition::KeptPosition(const Recordset& recordset)
+    : database_(hostServices().database),
+      handle_(recordset.handle()),
+      marker_(statement([&] { return database_->saveRecordPosition(handle_); })),
+      exceptionsAtStart_(std::uncaught_exceptions()) {}
+
+KeptPosition::~KeptPosition() noexcept(false) {
+    closingStatement(exceptionsAtStart_, [&] { database_->restoreRecordPosition(handle_, marker_); });
+}
+
+}  // namespace wmoutlook

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/HostDatabase.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace wmoutlook {
+
+/// A recordset of the host's database, open for the life of this object. Each operation is a statement of the current
+/// routine. A skipped one leaves behind what ends every loop: null, empty text, not found, no rows, at the end; a skipped
+/// moveNext puts the set at its end too.
+class Recordset {
+public:
+    /// Opens on the module-wide database.
+    explicit Recordset(std::string_view sql, LockCode lock = LockCode::readOnly);
+    /// Closing is the last statement, so it may leave the routine; while an exception passes it is silent.
+    ~Recordset() noexcept(false);
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    [[nodiscard]] RecordsetHandle handle() const { return handle_; }
+    [[nodiscard]] std::int32_t recordCount() const;
+    [[nodiscard]] bool hasRows() const;
+    [[nodiscard]] bool isAtEnd() const;
+    bool moveFirst();
+    void moveNext();
+
+    [[nodiscard]] Variant field(std::string_view name) const;
+    [[nodiscard]] std::string text(std::string_view name) const;  ///< "" for a blank value
+    /// Nothing when the read was skipped, so that a failing service does not blank what the value was meant for.
+    [[nodiscard]] std::optional<std::string> textIfRead(std::string_view name) const;
+    /// The fallback for a blank value and for one that is no number.
+    [[nodiscard]] std::int32_t number(std::string_view name, std::int32_t fallback) const;
+    [[nodiscard]] bool truth(std::string_view name) const;  ///< false for a blank value
+
+    bool findFirst(std::string_view field, std::string_view value) const;
+    bool findFirst(std::string_view field, std::int32_t value) const;
+    bool findNext() const;
+    /// Whether the last search went through and found nothing: unlike a search that was skipped, a licence to add the row.
+    [[nodiscard]] bool noMatch() const;
+
+    void update(std::string_view field, std::string_view value) const;
+    void deleteRecord() const;
+    void addNew() const;
+    void set(std::string_view field, std::string_view value) const;
+    void save() const;
+
+private:
+    [[nodiscard]] HostDatabase& database() const;
+
+    std::shared_ptr<HostDatabase> database_;
+    RecordsetHandle handle_ = kNoRecordset;
+    bool isPassedOver_ = false;  ///< a move was skipped: the set counts as being at its end
+    int exceptionsAtOpening_ = 0;
+};
+
+/// Puts a recordset back on its row when a nested call that uses the same service is over.
+class KeptPosition {
+public:
+    explicit KeptPosition(const Recordset& recordset);
+    ~KeptPosition() noexcept(false);
+    KeptPosition(const KeptPosition&) = delete;
+    KeptPosition& operator=(const KeptPosition&) = delete;
+
+private:
+    std::shared_ptr<HostDatabase> database_;
+    RecordsetHandle handle_;
+    RecordMarker marker_;
+    int exceptionsAtStart_;
+};
+
+}  // namespace wmoutlook

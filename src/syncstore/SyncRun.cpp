@@ -1,0 +1,25 @@
+#include "syncstore/SyncRun.h"
+
+#include "platform/Errors.h"
+#include "platform/Routine.h"
+
+namespace wmoutlook {
+
+namespace {
+
+ProgressDialog& shown(const std::shared_ptr<ProgressDialog>& dialog) {
+    if (!dialog) throw ObjectNotSet{"progress dialog"};
+    return *dialog;
+}
+
+}  // namespace
+
+void showProgressMessage(const std::shared_ptr<ProgressDialog>& dialog, std::string_view message) {
+    statement([&] { shown(dialog).setMessage(message); });
+}
+
+void stepProgress(const std::shared_ptr<ProgressDialog>& dialog) {
+    statement([&] { shown(dialog).setValue(shown(dialog).value() + 1); });
+}
+
+}  // namespace wmoutlook
