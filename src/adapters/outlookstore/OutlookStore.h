@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace wmoutlook {
 
@@ -22,10 +23,15 @@ struct OutlookStoreOptions {
 
 /// Opens an embedded Outlook store: one file with one or more stores, their folders and items. Throws OutlookError with one
 /// sentence that names the file when it is missing, is no Outlook store, cannot be written to or stays locked by another process.
-[[nodiscard]] std::shared_ptr<outlook::port::Automation> openOutlookStore(const std::string& path, const OutlookStoreOptions& options = {});
+[[nodiscard]] std::shared_ptr<outlook::port::Automation> openOutlookStore(const std::string& path,
+                                                                          const OutlookStoreOptions& options = {});
 
 /// Creates a file with one store and the default folders. The random source gives the store's identifier. An existing file
 /// is an error and stays as it is.
 void createOutlookStore(const std::string& path, RandomSource& random);
+
+/// Adds another store with the default folders to an existing file, which is not the default one. A name that is empty,
+/// holds a backslash or is taken is an error.
+void addOutlookStore(const std::string& path, std::string_view name, RandomSource& random);
 
 }  // namespace wmoutlook

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "adapters/outlookstore/PropertyTable.h"
+#include "platform/Variant.h"
+#include "platform/outlook/ObjectModel.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What an item holds, in memory.
+namespace wmoutlook::outlookstore {
+
+struct UserPropertyData {
+    std::string name;
+    outlook::UserPropertyType type = outlook::UserPropertyType::text;
+    Variant value;  ///< of the type's own kind; null when it was never set
+};
+
+class ItemData {
+public:
+    explicit ItemData(outlook::ItemType type);
+
+    [[nodiscard]] outlook::ItemType type() const { return type_; }
+    [[nodiscard]] const PropertyTable& table() const { return *table_; }
+    /// By position in the table; null when the property has its default.
+    [[nodiscard]] const Variant& stored(std::size_t index) const { return values_[index]; }
+    [[nodiscard]] Variant valueOrDefault(std::size_t index) const;
+    /// The text of a text property without a copy, "" when it has its default.
+    [[nodiscard]] std::string_view text(std::size_t index) const;
+    /// A value of the property's own kind. The default is kept as null, so that only what differs is written. Gives whether
+    /// anything changed.
+    bool set(std::size_t index, Variant value);
+
+    std::vector<UserPropertyData> userProperties;
+
+private:
+    outlook::ItemType type_;
+    const PropertyTable* table_;
+    std::vector<Variant> values_;
+};
+
+/// The value as the property's own kind, a null as its default. Throws OutlookError naming type and property.
+[[nodiscard]] Variant convertedFor(outlook::ItemType type, const PropertyRow& row, const Variant& value);
+[[nodiscard]] Variant convertedFor(const UserPropertyData& property, const Variant& value);
+
+/// Outlook's default of a user property of this type.
+[[nodiscard]] Variant defaultOf(outlook::UserPropertyType type);
+[[nodiscard]] std::string_view defaultMessageClass(outlook::ItemType type);
+
+}  // namespace wmoutlook::outlookstore

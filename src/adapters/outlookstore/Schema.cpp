@@ -1,0 +1,157 @@
+#include "adapters/outlookstore/Schema.h"
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+namespace wmoutlook::outlookstore {
+
+namespace {
+
+constexpr std::int64_t kApplicationID = 0x4F4C5354;  // "OLST"
+constexpr std::int64_t kVersion = 1;
+constexpr std::string_view kMaking = "making the file";
+constexpr std::string_view kUpdating = "bringing the file up to date";
+constexpr std::string_view kWayOut = "; name another file, or make one with \"tallowsync new-outlook FILE\"";
+
+/// Numbers are never given twice: Folders by AUTOINCREMENT, Items by the highest number in use and HighestDeletedItem, which
+/// spares the second write that AUTOINCREMENT costs with each new item. The keys are the indexed properties in lower
+/// case, null when empty. Properties holds what ItemBlob.h describes.
+constexpr std::string_view kTables = R"sql(
+CREATE TABLE Stores (
+    StoreNumber INTEGER PRIMARY KEY,
+    StoreKey TEXT NOT NULL UNIQUE,
+    Name TEXT NOT NULL,
+    NameKey TEXT NOT NULL UNIQUE
+);
+CREATE TABLE Folders (
+    FolderNumber INTEGER PRIMARY KEY AUTOINCREMENT,
+    StoreNumber INTEGER NOT NULL REFERENCES Stores,
+    ParentNumber INTEGER NOT NULL,
+    Name TEXT NOT NULL,
+    NameKey TEXT NOT NULL,
+    ItemType INTEGER NOT NULL,
+    Role INTEGER,
+    UNIQUE (ParentNumber, NameKey),
+    UNIQUE (StoreNumber, Role)
+);
+CREATE TABLE Items (
+    ItemNumber INTEGER PRIMARY KEY,
+    FolderNumber INTEGER NOT NULL REFERENCES Folders,
+    ItemType INTEGER NOT NULL,
+    Version INTEGER NOT NULL,
+    Created REAL NOT NULL,
+    Modified REAL NOT NULL,
+    FileAsKey TEXT,
+    FullNameKey TEXT,
+    SubjectKey TEXT,
+    Email1AddressKey TEXT,
+    Properties BLOB NOT NULL
+);
+CREATE INDEX ItemsByFolder ON Items (FolderNumber);
+CREATE INDEX ItemsByFileAs ON Items (FolderNumber, FileAsKey) WHERE FileAsKey IS NOT NULL;
+CREATE INDEX ItemsByFullName ON Items (FolderNumber, FullNameKey) WHERE FullNameKey IS NOT NULL;
+CREATE INDEX ItemsBySubject ON Items (FolderNumber, SubjectKey) WHERE SubjectKey IS NOT NULL;
+CREATE INDEX ItemsByEmail1Address ON Items (FolderNumber, Email1AddressKey) WHERE Email1AddressKey IS NOT NULL;
+CREATE TABLE Counters (Name TEXT PRIMARY KEY, Value INTEGER NOT NULL) WITHOUT ROWID;
+INSERT INTO Counters VALUES ('HighestDeletedItem', 0);
+)sql";
+
+/// What takes a file of version i + 1 to version i + 2.
+constexpr std::array<std::string_view, kVersion - 1> kMigrations{};
+
+std::int64_t bigEndian(std::string_view bytes) {
+    std::int64_t number = 0;
+    for (const char c : bytes) number = number * 256 + static_cast<unsigned char>(c);
+    return number;
+}
+
+[[noreturn]] void refuse(const std::string& path, std::string_view why) {
+    throw OutlookError{-1, std::string{"The file "}.append(path).append(" ").append(why).append(kWayOut)};
+}
+
+[[noreturn]] void refuseVersion(const std::string& path, std::int64_t version) {
+    throw OutlookError{-1, "The Outlook store " + path + " has the file version " + std::to_string(version) +
+                               ", which this program does not know; open it with the program that made it"};
+}
+
+/// By the file's own header, not by SQLite's reading, which would roll back or check point another program's file.
+void checkHeader(const Connection& connection, const std::string& path) {
+    constexpr std::string_view kMagic{"SQLite format 3\0", 16};
+    const std::string header = connection.firstBytes(100);
+    if (!header.starts_with(kMagic)) refuse(path, "is no Outlook store");
+    const std::string_view bytes = header;
+    if (bigEndian(bytes.substr(68, 4)) != kApplicationID) refuse(path, "is no Outlook store but another kind of database");
+    const std::int64_t version = bigEndian(bytes.substr(60, 4));
+    if (version < 1 || version > kVersion) refuseVersion(path, version);
+}
+
+std::string setVersion() {
+    return "PRAGMA user_version = " + std::to_string(kVersion) + ";";
+}
+
+void migrate(Connection& connection, const std::string& path) {
+    std::int64_t version = 0;
+    {
+        Statement statement{connection, "PRAGMA user_version", "reading the file's version"};
+        auto run = statement.run();
+        if (run.next()) version = run.integer(0);
+    }
+    if (version == kVersion) return;
+    if (version < 1 || version > kVersion) refuseVersion(path, version);
+    Savepoint whole{connection, kUpdating};
+    for (; version < kVersion; ++version)
+        connection.execute(std::string{kMigrations.at(static_cast<std::size_t>(version - 1))}, kUpdating);
+    connection.execute(setVersion(), kUpdating);
+    whole.release();
+}
+
+void setDurability(Connection& connection, Durability durability) {
+    // A saved item takes about ten pages of the log: with 4,000 of them the log is synced once in some 400 items.
+    connection.execute(std::string{"PRAGMA synchronous = "} + (durability == Durability::full ? "FULL" : "NORMAL") +
+                           "; PRAGMA wal_autocheckpoint = 4000; PRAGMA cache_size = -16000; PRAGMA cell_size_check = ON;",
+                       "setting the file's durability");
+}
+
+}  // namespace
+
+void createStoreFile(const std::string& path, const std::function<void(Connection&)>& fill) {
+    // Opened for exclusive creation: a file that another process makes at this moment is not overwritten either.
+    std::FILE* const file = std::fopen(path.c_str(), "wbx");
+    std::error_code error;
+    if (file == nullptr)
+        throw OutlookError{
+            -1, "The file " + path +
+                    (std::filesystem::exists(path, error) ? " exists already; name another one"
+                                                          : " cannot be made; name one in a folder that can be written to")};
+    std::fclose(file);
+    try {
+        Connection connection{path, 0};
+        Savepoint whole{connection, kMaking};
+        connection.execute(
+            "PRAGMA application_id = " + std::to_string(kApplicationID) + ";" + setVersion() + std::string{kTables}, kMaking);
+        fill(connection);
+        whole.release();
+        connection.execute("PRAGMA journal_mode = WAL", kMaking);
+    } catch (const OutlookError&) {
+        std::filesystem::remove(path, error);
+        throw;
+    }
+}
+
+std::unique_ptr<Connection> openStoreFile(const std::string& path, Durability durability, int busyTimeoutMilliseconds) {
+    std::error_code error;
+    if (!std::filesystem::exists(path, error)) refuse(path, "does not exist");
+    if (!std::filesystem::is_regular_file(path, error)) refuse(path, "is no Outlook store");
+    auto connection = std::make_unique<Connection>(path, busyTimeoutMilliseconds);
+    checkHeader(*connection, path);
+    if (connection->isReadOnly())
+        throw OutlookError{-1, "The Outlook store " + path + " cannot be written to; give this user the right to write the file"};
+    setDurability(*connection, durability);
+    migrate(*connection, path);
+    return connection;
+}
+
+}  // namespace wmoutlook::outlookstore

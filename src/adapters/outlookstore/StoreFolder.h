@@ -1,0 +1,58 @@
+#pragma once
+
+#include "adapters/outlookstore/Filter.h"
+#include "adapters/outlookstore/StoreFile.h"
+#include "platform/outlook/ObjectModel.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace wmoutlook::outlookstore {
+
+class StoreFolder : public outlook::port::MAPIFolder {
+public:
+    StoreFolder(std::shared_ptr<Instance> instance, FolderRow row) : instance_(std::move(instance)), row_(std::move(row)) {}
+
+    [[nodiscard]] std::string name() const override { return row_.name; }
+    [[nodiscard]] std::string entryID() const override;
+    [[nodiscard]] std::string storeID() const override;
+    [[nodiscard]] outlook::ItemType defaultItemType() const override { return row_.itemType; }
+    [[nodiscard]] std::shared_ptr<outlook::port::Items> items() override;
+    [[nodiscard]] std::shared_ptr<outlook::port::Folders> folders() override;
+
+    [[nodiscard]] const FolderRow& row() const { return row_; }
+
+private:
+    std::shared_ptr<Instance> instance_;
+    FolderRow row_;
+};
+
+/// A view of a folder's items in order of creation. It keeps its place and nothing else, so that a walk costs the same
+/// memory in a folder of any size and sees items that are added behind its place.
+class StoreItems : public outlook::port::Items {
+public:
+    StoreItems(std::shared_ptr<Instance> instance, FolderRow folder, std::vector<Filter> filters)
+        : instance_(std::move(instance)), folder_(std::move(folder)), filters_(std::move(filters)) {}
+
+    [[nodiscard]] std::shared_ptr<outlook::port::Item> add(std::optional<outlook::ItemType> type) override;
+    [[nodiscard]] std::shared_ptr<outlook::port::Item> find(std::string_view filter) override;
+    [[nodiscard]] std::shared_ptr<outlook::port::Items> restrict(std::string_view filter) override;
+    [[nodiscard]] std::int32_t count() override;
+    [[nodiscard]] std::shared_ptr<outlook::port::Item> getFirst() override;
+    [[nodiscard]] std::shared_ptr<outlook::port::Item> getNext() override;
+
+private:
+    [[nodiscard]] std::shared_ptr<outlook::port::Item> next(std::int64_t& position, const std::vector<Filter>& filters);
+
+    std::shared_ptr<Instance> instance_;
+    FolderRow folder_;
+    std::vector<Filter> filters_;  ///< all of them hold
+    std::int64_t position_ = 0;    ///< the number of the item that was given last
+};
+
+/// The folders below `parent`; of the namespace, the roots of the stores.
+[[nodiscard]] std::shared_ptr<outlook::port::Folders> foldersBelow(std::shared_ptr<Instance> instance,
+                                                                   std::optional<FolderRow> parent);
+
+}  // namespace wmoutlook::outlookstore

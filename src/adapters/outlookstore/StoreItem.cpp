@@ -1,0 +1,146 @@
+#include "adapters/outlookstore/StoreItem.h"
+
+#include "adapters/outlookstore/Identifiers.h"
+#include "platform/Errors.h"
+#include "platform/Text.h"
+
+namespace wmoutlook::outlookstore {
+
+namespace {
+
+using outlook::UserPropertyType;
+
+class StoreUserProperty : public outlook::port::UserProperty {
+public:
+    StoreUserProperty(std::shared_ptr<ItemData> data, std::size_t index) : data_(std::move(data)), index_(index) {}
+
+    std::string name() const override { return property().name; }
+    UserPropertyType type() const override { return property().type; }
+    Variant value() const override { return property().value.isNull() ? defaultOf(property().type) : property().value; }
+    void setValue(const Variant& value) override { property().value = convertedFor(property(), value); }
+
+private:
+    [[nodiscard]] UserPropertyData& property() const { return data_->userProperties[index_]; }
+
+    std::shared_ptr<ItemData> data_;
+    std::size_t index_;  // a user property is never removed, so its place stays
+};
+
+class StoreUserProperties : public outlook::port::UserProperties {
+public:
+    explicit StoreUserProperties(std::shared_ptr<ItemData> data) : data_(std::move(data)) {}
+
+    // The fields of a folder are not kept: every user property belongs to its item alone.
+    std::shared_ptr<outlook::port::UserProperty> add(std::string_view name, UserPropertyType type,
+                                                     [[maybe_unused]] bool addToFolderFields) override {
+        if (withoutWhiteSpaceAround(name).empty()) throw OutlookError{-1, "A user property needs a name"};
+        auto& properties = data_->userProperties;
+        for (std::size_t i = 0; i < properties.size(); ++i) {
+            if (!equalsTextually(properties[i].name, name)) continue;
+            if (properties[i].type != type)
+                throw OutlookError{-1, "The user property " + properties[i].name + " exists already with another type"};
+            return std::make_shared<StoreUserProperty>(data_, i);
+        }
+        checkType(type);
+        properties.push_back({std::string{name}, type, {}});
+        return std::make_shared<StoreUserProperty>(data_, properties.size() - 1);
+    }
+
+    std::int32_t count() const override { return static_cast<std::int32_t>(data_->userProperties.size()); }
+
+    std::shared_ptr<outlook::port::UserProperty> item(std::int32_t index) override {
+        if (index < 1 || index > count()) throw OutlookError{-1, "There is no user property with this index"};
+        return std::make_shared<StoreUserProperty>(data_, static_cast<std::size_t>(index - 1));
+    }
+
+private:
+    static void checkType(UserPropertyType type) {
+        switch (type) {
+            case UserPropertyType::text:
+            case UserPropertyType::number:
+            case UserPropertyType::dateTime:
+            case UserPropertyType::yesNo: return;
+        }
+        throw OutlookError{-1, "There is no such type of user property"};
+    }
+
+    std::shared_ptr<ItemData> data_;
+};
+
+[[noreturn]] void failAsGone() {
+    throw OutlookError{-1, "The item has been deleted"};
+}
+
+bool isIndexed(std::string_view property) {
+    for (const std::string_view indexed : kIndexedProperties)
+        if (indexed == property) return true;
+    return false;
+}
+
+}  // namespace
+
+StoreItem::StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const StoreRow> store, std::int64_t folder,
+                     outlook::ItemType type)
+    : instance_(std::move(instance)), store_(std::move(store)), data_(std::make_shared<ItemData>(type)) {
+    head_.folder = folder;
+    head_.type = type;
+}
+
+StoreItem::StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const StoreRow> store, LoadedItem loaded)
+    : instance_(std::move(instance)),
+      store_(std::move(store)),
+      head_(loaded.head),
+      data_(std::make_shared<ItemData>(std::move(loaded.data))) {}
+
+std::string StoreItem::entryID() const {
+    return head_.number == 0 ? std::string{} : entryIDOf(store_->key, EntryKind::item, head_.number);
+}
+
+std::string StoreItem::nameOf(std::string_view property) const {
+    return std::string{typeName(head_.type)}.append(".").append(property);
+}
+
+std::size_t StoreItem::indexOf(std::string_view property) const {
+    if (const auto index = data_->table().find(property)) return *index;
+    throw OutlookError{-1, nameOf(property) + " is no property of this type of item"};
+}
+
+Variant StoreItem::get(std::string_view property) const {
+    static_cast<void>(instance_->file());
+    const std::size_t index = indexOf(property);
+    const PropertyRow& row = data_->table().rows()[index];
+    if (row.name == "EntryID") return entryID();
+    if (row.name == "Class") return static_cast<std::int32_t>(classOf(head_.type));
+    if (row.name == "CreationTime") return head_.created;
+    if (row.name == "LastModificationTime") return head_.modified;
+    if (row.name == "MessageClass" && data_->stored(index).isNull()) return defaultMessageClass(head_.type);
+    return data_->valueOrDefault(index);
+}
+
+void StoreItem::put(std::string_view property, const Variant& value) {
+    static_cast<void>(instance_->file());
+    const std::size_t index = indexOf(property);
+    const PropertyRow& row = data_->table().rows()[index];
+    if (row.access == PropertyAccess::readOnly) throw OutlookError{-1, nameOf(row.name) + " cannot be written"};
+    if (data_->set(index, convertedFor(head_.type, row, value)) && isIndexed(row.name)) keysChanged_ = true;
+}
+
+void StoreItem::save() {
+    StoreFile& file = instance_->file();
+    if (isDeleted_ || !file.items().save(head_, *data_, file.now(), keysChanged_)) failAsGone();
+    keysChanged_ = false;
+}
+
+void StoreItem::remove() {
+    StoreFile& file = instance_->file();
+    if (isDeleted_) failAsGone();
+    if (head_.number != 0 && !file.items().remove(head_.number)) failAsGone();
+    isDeleted_ = true;
+}
+
+std::shared_ptr<outlook::port::UserProperties> StoreItem::userProperties() {
+    static_cast<void>(instance_->file());
+    return std::make_shared<StoreUserProperties>(data_);
+}
+
+}  // namespace wmoutlook::outlookstore

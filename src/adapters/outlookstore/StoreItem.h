@@ -1,0 +1,44 @@
+#pragma once
+
+#include "adapters/outlookstore/ItemData.h"
+#include "adapters/outlookstore/StoreFile.h"
+#include "platform/outlook/ObjectModel.h"
+
+#include <memory>
+#include <string>
+
+namespace wmoutlook::outlookstore {
+
+/// An item in memory, saved or not. Two handles on one row know nothing of one another: the last save wins.
+class StoreItem : public outlook::port::Item {
+public:
+    /// A new one, which `save` puts in the folder.
+    StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const StoreRow> store, std::int64_t folder,
+              outlook::ItemType type);
+    StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const StoreRow> store, LoadedItem loaded);
+
+    [[nodiscard]] Variant get(std::string_view property) const override;
+    void put(std::string_view property, const Variant& value) override;
+    void save() override;
+    void remove() override;
+    [[nodiscard]] std::shared_ptr<outlook::port::UserProperties> userProperties() override;
+
+    [[nodiscard]] const ItemHead& head() const { return head_; }
+    [[nodiscard]] const ItemData& data() const { return *data_; }
+    [[nodiscard]] const StoreRow& store() const { return *store_; }
+    [[nodiscard]] const std::shared_ptr<Instance>& instance() const { return instance_; }
+    [[nodiscard]] std::string entryID() const;  ///< empty until the first save
+
+private:
+    [[nodiscard]] std::size_t indexOf(std::string_view property) const;
+    [[nodiscard]] std::string nameOf(std::string_view property) const;
+
+    std::shared_ptr<Instance> instance_;
+    std::shared_ptr<const StoreRow> store_;
+    ItemHead head_;
+    std::shared_ptr<ItemData> data_;  ///< shared with the user properties that were handed out
+    bool keysChanged_ = false;
+    bool isDeleted_ = false;
+};
+
+}  // namespace wmoutlook::outlookstore
