@@ -7,6 +7,7 @@ namespace {
 constexpr std::string_view kStatements[] = {
     R"(CREATE TABLE AccountantFirmInfo (
     CompanyID INTEGER PRIMARY KEY AUTOINCREMENT,
+    CompanyNum Long,
     CompanyName Text(255) COLLATE TEXTUAL,
     CorporateName Text(255) COLLATE TEXTUAL,
     CompanyType Integer,
@@ -52,6 +53,7 @@ constexpr std::string_view kStatements[] = {
     Anniversary Date,
     Children Text(255) COLLATE TEXTUAL,
     FamilyRelationship Text(50) COLLATE TEXTUAL,
+    ContactPersonalTaxDisplayType Long DEFAULT 1,
     InheritCompanyInfo Boolean NOT NULL DEFAULT 0,
     BusinessName Text(255) COLLATE TEXTUAL,
     BusinessJobTitle Text(255) COLLATE TEXTUAL,
