@@ -52,6 +52,10 @@ std::int32_t currentUserID() {
     return statement([] { return locale().currentUserID(); }, kNoRecord);
 }
 
+WindowObject ownerWindow() {
+    return statement([] { return locale().ownerWindow(); });
+}
+
 Date now() {
     return statement([] { return required(hostServices().clock, "clock").now(); });
 }

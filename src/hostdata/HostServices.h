@@ -36,6 +36,8 @@ struct HostServices {
 [[nodiscard]] std::int32_t firmCountry();    ///< see namespace country
 [[nodiscard]] std::int32_t currentUserID();  ///< -1 when it cannot be told
 
+[[nodiscard]] WindowObject ownerWindow();
+
 [[nodiscard]] Date now();
 [[nodiscard]] Date today();
 

@@ -48,8 +48,12 @@ Routine* Routine::current() {
     return theCurrentRoutine();
 }
 
-Routine::Routine(std::string_view errorTag, const Event<>* exitProgram)
-    : errorTag_(errorTag), exitProgram_(exitProgram), caller_(theCurrentRoutine()), traced_(theErrorService()) {
+Routine::Routine(std::string_view errorTag, const Event<>* exitProgram, OnFailure onFailure)
+    : errorTag_(errorTag),
+      exitProgram_(exitProgram),
+      onFailure_(onFailure),
+      caller_(theCurrentRoutine()),
+      traced_(theErrorService()) {
     theCurrentRoutine() = this;
     if (traced_) quietly([&] { traced_->enterFunction(errorTag_); });  // a failing trace is no reason to fail the routine
 }
@@ -81,7 +85,7 @@ void Routine::reportUncaught() {
 
 ErrorAnswer Routine::report() {
     const auto service = theErrorService();
-    if (!service) return ErrorAnswer::goOn;
+    if (!service || onFailure_ == OnFailure::ignore) return ErrorAnswer::goOn;
     const ErrorReport report = reportOfCaught(errorTag_);
     try {
         return service->reportError(report);

@@ -40,8 +40,11 @@ private:
 /// The frame of one routine: tells the error service that it is entered and, whatever way it is left, that it is left.
 class Routine {
 public:
+    /// Setters of services, construction and destruction ignore errors statement by statement, without a report.
+    enum class OnFailure { ask, ignore };
+
     /// A routine of the public class names its event; a shared routine has none.
-    explicit Routine(std::string_view errorTag, const Event<>* exitProgram = nullptr);
+    explicit Routine(std::string_view errorTag, const Event<>* exitProgram = nullptr, OnFailure onFailure = OnFailure::ask);
     ~Routine();
     Routine(const Routine&) = delete;
     Routine& operator=(const Routine&) = delete;
@@ -83,6 +86,7 @@ private:
 
     std::string_view errorTag_;
     const Event<>* exitProgram_;
+    OnFailure onFailure_;
     Routine* caller_;
     std::shared_ptr<ErrorService> traced_;  ///< the service that was told of the entry
 };
@@ -129,12 +133,14 @@ auto quietly(Attempt&& attempt) -> std::invoke_result_t<Attempt> {
     }
 }
 
-/// A public operation of the component: what the host threw from ExitProgram leaves it unwrapped.
+/// A public operation of the component: what the host threw from ExitProgram leaves it unwrapped, unless the operation was
+/// called from within a routine, through which it passes on as it is.
 template <class Operation>
 auto publicOperation(Operation&& operation) -> std::invoke_result_t<Operation> {
     try {
         return operation();
     } catch (const HostUnwind& unwind) {
+        if (Routine::current() != nullptr) throw;
         unwind.rethrow();
     }
 }

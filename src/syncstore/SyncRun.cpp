@@ -22,4 +22,9 @@ void stepProgress(const std::shared_ptr<ProgressDialog>& dialog) {
     statement([&] { shown(dialog).setValue(shown(dialog).value() + 1); });
 }
 
+void closeProgress(std::shared_ptr<ProgressDialog>& dialog) {
+    statement([&] { shown(dialog).close(); });
+    dialog.reset();
+}
+
 }  // namespace wmoutlook

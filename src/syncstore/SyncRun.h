@@ -48,6 +48,15 @@ struct OutlookSession {
     bool isConnected = false;
 };
 
+/// What the host is asked to make a schedule entry of; it may write its answers back.
+struct ScheduleEntryRequest {
+    std::int32_t taskID = kNoRecord;
+    std::int32_t companyNum = kNoRecord;
+    std::int32_t contactNum = kNoRecord;
+    bool recordDueDate = false;
+    Date dueDate;
+};
+
 /// All that the passes need to know of a run. The public class owns one; the passes never see that class.
 struct SyncRun {
     SyncOptions options;
@@ -59,6 +68,7 @@ struct SyncRun {
     std::shared_ptr<ProgressDialog> contactsProgress;  ///< nothing outside a run
     std::shared_ptr<ProgressDialog> appointmentsProgress;
     Event<> ExitProgram;  ///< raised when the answer to an error report is to end the program
+    Event<ScheduleEntryRequest&> createNewScheduleEntryFromTask;  ///< an Outlook task is to become a schedule entry
 };
 
 // Each of the following is a statement of the current routine; on a dialog that is nothing it fails.
@@ -66,5 +76,6 @@ struct SyncRun {
 void showProgressMessage(const std::shared_ptr<ProgressDialog>& dialog, std::string_view message);
 /// Adds one to the bar's value without comparing it with the maximum: a walk steps for rows outside the selection too.
 void stepProgress(const std::shared_ptr<ProgressDialog>& dialog);
+void closeProgress(std::shared_ptr<ProgressDialog>& dialog);  ///< closes and releases it
 
 }  // namespace wmoutlook

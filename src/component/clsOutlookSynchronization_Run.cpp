@@ -1,0 +1,125 @@
+#include "component/clsOutlookSynchronization.h"
+
+#include "contacts/SynchronizeContacts.h"
+#include "hostdata/HostServices.h"
+#include "platform/Errors.h"
+
+namespace wmoutlook {
+
+namespace {
+
+constexpr std::string_view kPleaseWait = "Synchronizing Outlook information, please wait ...";
+constexpr std::int32_t kBarStyle = 1;
+constexpr std::int32_t kIcon = 101;
+constexpr ProgressDisplayOptions kDisplayOptions{true, false, false, true};
+
+std::int32_t countOf(const std::shared_ptr<RecordList>& list) {
+    return statement([&] {
+        if (!list) throw ObjectNotSet{"selection list"};
+        return list->count();
+    });
+}
+
+}  // namespace
+
+bool clsOutlookSynchronization::synchronize() {
+    publicOperation([&] {
+        Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-synchronize", &ExitProgram};
+        routine.run([&] {
+            switch (run_.options.syncObjects) {
+                case outlookSyncObjectsEnum::syncContacts:
+                    run_.options.showProgress ? showContactsProgress() : SynchronizeContacts(run_);
+                    break;
+                case outlookSyncObjectsEnum::syncAppointments:
+                case outlookSyncObjectsEnum::syncTasks:
+                    run_.options.showProgress ? showAppointmentsProgress() : SynchronizeAppointmentsOrTasks();
+                    break;
+            }
+        });
+    });
+    return false;
+}
+
+/// The bar's maximum is the number of companies, also when contacts are walked.
+void clsOutlookSynchronization::showContactsProgress() {
+    showDialog(run_.contactsProgress, getCompaniesCollectionRecordCount(),
+               &clsOutlookSynchronization::syncContactsProgress_StartProgress);
+}
+
+/// The calendar pass sets the maximum when it knows how many items it has.
+void clsOutlookSynchronization::showAppointmentsProgress() {
+    showDialog(run_.appointmentsProgress, 1, &clsOutlookSynchronization::syncAppointmentsProgress_StartProgress);
+}
+
+void clsOutlookSynchronization::showDialog(std::shared_ptr<ProgressDialog>& dialog, std::int32_t maximum,
+                                           void (clsOutlookSynchronization::*start)()) {
+    const auto shown = statement([&] { return platform_.newProgressDialog(); });
+    dialog = shown;
+    const auto onDialog = [&](auto operation) {
+        statement([&] {
+            if (!shown) throw ObjectNotSet{"progress dialog"};
+            operation(*shown);
+        });
+    };
+    if (shown) startProgress_ = shown->StartProgress.subscribe([this, start] { (this->*start)(); });
+    onDialog([](ProgressDialog& it) { it.setMessage(kPleaseWait); });
+    onDialog([](ProgressDialog& it) { it.setBarStyle(kBarStyle); });
+    const WindowObject owner = ownerWindow();
+    onDialog([&](ProgressDialog& it) { it.setOwner(owner); });
+    onDialog([](ProgressDialog& it) { it.setMinimum(0); });
+    onDialog([&](ProgressDialog& it) { it.setMaximum(maximum); });
+    onDialog([](ProgressDialog& it) { it.setDisplayOptions(kDisplayOptions); });
+    onDialog([](ProgressDialog& it) { it.setIcon(kIcon); });
+    onDialog([](ProgressDialog& it) { it.show(true); });  // raises StartProgress and comes back when the run is over
+}
+
+void clsOutlookSynchronization::syncContactsProgress_StartProgress() {
+    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-syncContactsProgress_StartProgress", &ExitProgram};
+    routine.run([&] {
+        SynchronizeContacts(run_);
+        closeProgress(run_.contactsProgress);
+    });
+}
+
+void clsOutlookSynchronization::syncAppointmentsProgress_StartProgress() {
+    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-syncAppointmentsProgress_StartProgress", &ExitProgram};
+    routine.run([&] {
+        SynchronizeAppointmentsOrTasks();
+        closeProgress(run_.appointmentsProgress);
+    });
+}
+
+/// The calendar has no pass yet: a run of appointments or tasks shows its dialog, touches nothing and ends.
+void clsOutlookSynchronization::SynchronizeAppointmentsOrTasks() {}
+
+std::int32_t clsOutlookSynchronization::getCompaniesCollectionRecordCount() const {
+    std::int32_t count = 0;
+    publicOperation([&] {
+        Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-getCompaniesCollectionRecordCount", &ExitProgram};
+        routine.run([&] { count = countOf(companyCollection); });
+    });
+    return count;
+}
+
+std::int32_t clsOutlookSynchronization::getContactsCollectionRecordCount() const {
+    std::int32_t count = 0;
+    publicOperation([&] {
+        Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-getContactsCollectionRecordCount", &ExitProgram};
+        routine.run([&] { count = countOf(contactCollection); });
+    });
+    return count;
+}
+
+void clsOutlookSynchronization::openSynchForm() {
+    publicOperation([&] {
+        Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-openSyncForm", &ExitProgram};
+        routine.run([&] {
+            statement([&] {
+                if (!newWizard_) throw ObjectNotSet{"wizard form"};
+                newWizard_()->showModal(*this);
+            });
+        });
+    });
+}
+
+}  // namespace wmoutlook
