@@ -1,0 +1,46 @@
+#pragma once
+
+#include "adapters/sql/Driver.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace wmoutlook::sql {
+
+/// One connection to one SQLite file, with this system's collation and with everything off that a foreign file could abuse.
+class SqliteConnection {
+public:
+    enum class Mode { readWrite, readOnly, immutable };
+
+    /// Never creates a file. Throws DatabaseError.
+    SqliteConnection(const std::string& path, Mode mode, int busyTimeoutMilliseconds);
+    ~SqliteConnection();
+    SqliteConnection(const SqliteConnection&) = delete;
+    SqliteConnection& operator=(const SqliteConnection&) = delete;
+
+    [[nodiscard]] sqlite3* get() const { return database_; }
+    [[nodiscard]] const std::string& path() const { return path_; }
+    [[nodiscard]] std::unique_ptr<Statement> prepare(const std::string& text, TextOrigin origin);
+    void execute(const std::string& text);
+    [[nodiscard]] std::int64_t preparedStatements() const { return preparedStatements_; }
+
+    /// Throws the error that the engine reports, behind a word on what was attempted.
+    [[noreturn]] void fail(std::string_view attempted) const;
+
+private:
+    void configure(int busyTimeoutMilliseconds);
+    static int authorize(void* self, int action, const char* first, const char* second, const char* schema, const char* inner);
+
+    std::string path_;
+    sqlite3* database_ = nullptr;
+    bool isHostText_ = false;  ///< a text from outside is being prepared
+    std::int64_t preparedStatements_ = 0;
+};
+
+}  // namespace wmoutlook::sql
