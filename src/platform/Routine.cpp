@@ -55,7 +55,13 @@ Routine::Routine(std::string_view errorTag, const Event<>* exitProgram, OnFailur
       caller_(theCurrentRoutine()),
       traced_(theErrorService()) {
     theCurrentRoutine() = this;
-    if (traced_) quietly([&] { traced_->enterFunction(errorTag_); });  // a failing trace is no reason to fail the routine
+    if (!traced_) return;
+    try {
+        quietly([&] { traced_->enterFunction(errorTag_); });  // a failing trace is no reason to fail the routine
+    } catch (...) {  // a service that called the component, on the host's way out: there is no destructor to restore the caller
+        theCurrentRoutine() = caller_;
+        throw;
+    }
 }
 
 Routine::~Routine() {
@@ -89,6 +95,8 @@ ErrorAnswer Routine::report() {
     const ErrorReport report = reportOfCaught(errorTag_);
     try {
         return service->reportError(report);
+    } catch (const HostUnwind&) {  // the service called the component, on the host's way out
+        throw;
     } catch (...) {  // a service that cannot even be told is as good as none
         return ErrorAnswer::goOn;
     }
