@@ -60,11 +60,15 @@ Date absentDate() {
 }
 
 std::optional<Date> makeDate(const CivilDate& parts) {
+    const auto isWithin = [](std::int32_t number, std::int32_t least, std::int32_t most) {
+        return number >= least && number <= most;
+    };
+    // before the calendar sees them: its months and days are single bytes, and 257 would pass as 1
+    if (!isWithin(parts.year, 100, 9999) || !isWithin(parts.month, 1, 12) || !isWithin(parts.day, 1, 31)) return std::nullopt;
+    if (!isWithin(parts.hour, 0, 23) || !isWithin(parts.minute, 0, 59) || !isWithin(parts.second, 0, 59)) return std::nullopt;
     const std::chrono::year_month_day day{std::chrono::year{parts.year}, std::chrono::month{static_cast<unsigned>(parts.month)},
                                           std::chrono::day{static_cast<unsigned>(parts.day)}};
-    const bool isTime =
-        parts.hour >= 0 && parts.hour < 24 && parts.minute >= 0 && parts.minute < 60 && parts.second >= 0 && parts.second < 60;
-    if (!day.ok() || parts.year < 100 || parts.year > 9999 || !isTime) return std::nullopt;
+    if (!day.ok()) return std::nullopt;
     const std::int64_t days = (std::chrono::sys_days{day} - kDayZero).count();
     return join({days, (parts.hour * 60 + parts.minute) * 60 + parts.second});
 }

@@ -140,7 +140,9 @@ std::optional<Date> parseUserDate(std::string_view text, DateOrder order) {
 }
 
 std::string format(Date date, std::string_view pattern) {
-    const std::string lower = lowerCase(pattern);
+    std::string lower{pattern};  // of ASCII letters only: lower cases of others may be shorter, and both are read at one place
+    for (char& c : lower)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c | 0x20);
     Formatter formatter{date};
     formatter.hasMark = lower.find("am/pm") != std::string::npos || lower.find("ampm") != std::string::npos;
     std::string text;

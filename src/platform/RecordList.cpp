@@ -43,7 +43,7 @@ bool RecordList::moveFirst() {
 }
 
 void RecordList::moveNext() {
-    if (!isAtEnd()) ++current_;
+    if (!isAtEnd()) current_ = current_ < count() ? current_ + 1 : 0;  // at the end also when a row is added behind it
 }
 
 bool RecordList::moveTo(std::int32_t index) {

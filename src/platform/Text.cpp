@@ -85,7 +85,9 @@ std::size_t lengthOfFirst(std::string_view text) {
     if (length > text.size()) return 1;
     for (std::size_t i = 1; i < length; ++i)
         if ((byte(i) & 0xC0) != 0x80) return 1;
-    return length;
+    const bool isTooLong = (byte(0) == 0xE0 && byte(1) < 0xA0) || (byte(0) == 0xF0 && byte(1) < 0x90);
+    const bool isNoCharacter = (byte(0) == 0xED && byte(1) >= 0xA0) || (byte(0) == 0xF4 && byte(1) >= 0x90);
+    return isTooLong || isNoCharacter ? 1 : length;
 }
 
 /// The letter of the table at the front of the text, which all take two bytes; null for anything else.

@@ -23,7 +23,7 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 std::optional<double> numberIn(std::string_view text) {
     text = withoutWhiteSpaceAround(text);
-    if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     double number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
     const bool isWhole = error == std::errc{} && end == text.data() + text.size() && !text.empty();
@@ -39,6 +39,7 @@ std::int32_t rounded(double number) {
 }
 
 std::string textOf(double number) {
+    if (number == 0) return "0";  // also the negative one
     char digits[400];
     const auto result = std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed);
     return {digits, result.ptr};
@@ -88,7 +89,7 @@ Date Variant::toDate() const {
     const double days = toDouble();
     constexpr double kYear100 = -657434;
     constexpr double kYear10000 = 2958466;
-    if (!(days >= kYear100 && days < kYear10000)) throw ConversionError{"The number is no date"};
+    if (!(std::trunc(days) >= kYear100 && days < kYear10000)) throw ConversionError{"The number is no date"};
     return Date{days};
 }
 
