@@ -22,6 +22,8 @@ public:
 
     void walk() {
         chooseStore();
+        // Without a store there is no target: links would belong to none, and every item would be created once more.
+        if (ValueHelper::isNullOrEmpty(storeID_)) return;
         walkCompanies();
         walkContacts();
     }

@@ -6,6 +6,7 @@
 #include "platform/ValueHelper.h"
 
 #include <exception>
+#include <type_traits>
 
 namespace wmoutlook {
 
@@ -13,14 +14,13 @@ namespace {
 
 /// A statement at the end of a scope: silent when the scope is left by an exception.
 template <class Attempt>
-void closingStatement(int exceptionsBefore, Attempt&& attempt) {
-    if (std::uncaught_exceptions() > exceptionsBefore) {
-        try {
-            attempt();
-        } catch (...) {  // the exception on its way is what matters
-        }
-    } else {
-        statement(attempt);
+auto closingStatement(int exceptionsBefore, Attempt&& attempt, std::invoke_result_t<Attempt> skipped)
+    -> std::invoke_result_t<Attempt> {
+    if (std::uncaught_exceptions() == exceptionsBefore) return statement(attempt, skipped);
+    try {
+        return attempt();
+    } catch (...) {  // the exception on its way is what matters
+        return skipped;
     }
 }
 
@@ -33,9 +33,17 @@ Recordset::Recordset(std::string_view sql, LockCode lock)
 
 Recordset::~Recordset() noexcept(false) {
     if (handle_ == kNoRecordset) return;
-    closingStatement(exceptionsAtOpening_, [&] {
-        if (database_->isRecordsetOpen(handle_)) database_->closeRecordset(handle_);
-    });
+    bool isToClose = true;
+    try {
+        isToClose = closingStatement(
+            exceptionsAtOpening_, [&] { return database_->isRecordsetOpen(handle_); }, true);
+    } catch (...) {  // the routine is left: the handle is closed all the same
+        quietly([&] { database_->closeRecordset(handle_); });
+        throw;
+    }
+    if (isToClose)
+        closingStatement(
+            exceptionsAtOpening_, [&] { return database_->closeRecordset(handle_), true; }, true);
 }
 
 HostDatabase& Recordset::database() const {
@@ -132,7 +140,8 @@ KeptPosition::KeptPosition(const Recordset& recordset)
       exceptionsAtStart_(std::uncaught_exceptions()) {}
 
 KeptPosition::~KeptPosition() noexcept(false) {
-    closingStatement(exceptionsAtStart_, [&] { database_->restoreRecordPosition(handle_, marker_); });
+    closingStatement(
+        exceptionsAtStart_, [&] { return database_->restoreRecordPosition(handle_, marker_), true; }, true);
 }
 
 }  // namespace wmoutlook
