@@ -1,4 +1,4 @@
-#include "architecture/Layers.h"
+#include "tests/architecture/Layers.h"
 
 #include <gtest/gtest.h>
 
