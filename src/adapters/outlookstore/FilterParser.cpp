@@ -62,7 +62,7 @@ std::optional<FilterProperty> findProperty(std::string_view name) {
 
 Filter FilterParser::parse() {
     filter_.root_ = anyOf(0);
-    if (!isAtEnd()) fail(at_, "\"and\", \"or\" or the end is expected");
+    if (!isAtEnd()) fail(at_, R"("and", "or" or the end is expected)");
     return std::move(filter_);
 }
 

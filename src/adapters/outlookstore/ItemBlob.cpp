@@ -80,7 +80,7 @@ void decodeUserProperty(const StoredEntry& entry, ItemData& item) {
     const auto type = static_cast<outlook::UserPropertyType>(entry.userType);
     const StoredKind kind = kindOf(type);
     if (kind == StoredKind::null || (entry.kind != StoredKind::null && entry.kind != kind)) failAsMalformed();
-    item.userProperties.push_back({std::string{entry.name}, type, entry.value()});
+    item.userProperties().push_back({std::string{entry.name}, type, entry.value()});
 }
 
 }  // namespace
@@ -189,7 +189,7 @@ void encodeItem(const ItemData& item, std::string& bytes) {
         appendNumber(bytes, rows[i].code);
         appendValue(bytes, item.stored(i));
     }
-    for (const UserPropertyData& property : item.userProperties) {
+    for (const UserPropertyData& property : item.userProperties()) {
         appendNumber(bytes, 0);
         bytes += static_cast<char>(property.type);
         appendText(bytes, property.name);

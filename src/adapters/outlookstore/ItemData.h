@@ -32,12 +32,14 @@ public:
     /// anything changed.
     bool set(std::size_t index, Variant value);
 
-    std::vector<UserPropertyData> userProperties;
+    [[nodiscard]] std::vector<UserPropertyData>& userProperties() { return userProperties_; }
+    [[nodiscard]] const std::vector<UserPropertyData>& userProperties() const { return userProperties_; }
 
 private:
     outlook::ItemType type_;
     const PropertyTable* table_;
     std::vector<Variant> values_;
+    std::vector<UserPropertyData> userProperties_;
 };
 
 /// The value as the property's own kind, a null as its default. Throws OutlookError naming type and property.

@@ -37,7 +37,11 @@ public:
     explicit StoreNameSpace(std::shared_ptr<Instance> instance) : instance_(std::move(instance)) {}
 
     // There is one profile, and a file has no password: both are taken and not looked at.
-    void logon(std::optional<std::string_view>, std::optional<std::string_view>, bool, bool) override { instance_->logon(); }
+    void logon([[maybe_unused]] std::optional<std::string_view> profile,
+               [[maybe_unused]] std::optional<std::string_view> password, [[maybe_unused]] bool showDialog,
+               [[maybe_unused]] bool newSession) override {
+        instance_->logon();
+    }
 
     std::shared_ptr<outlook::port::MAPIFolder> getDefaultFolder(DefaultFolder folder) override {
         return std::make_shared<StoreFolder>(instance_, defaultFolder(*instance_, folder));

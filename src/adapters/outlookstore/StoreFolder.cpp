@@ -4,6 +4,7 @@
 #include "adapters/outlookstore/StoreItem.h"
 #include "platform/Errors.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace wmoutlook::outlookstore {
@@ -76,9 +77,7 @@ std::shared_ptr<outlook::port::Item> StoreItems::next(std::int64_t& position, co
     RowTest test;
     if (!filters.empty())
         test = [&](const ItemHead& head, std::string_view bytes) {
-            for (const Filter& filter : filters)
-                if (!filter.matches(head, bytes)) return false;
-            return true;
+            return std::all_of(filters.begin(), filters.end(), [&](const Filter& filter) { return filter.matches(head, bytes); });
         };
     auto loaded = instance_->session().items().next(folder_.number, position, search ? &*search : nullptr, test);
     if (!loaded) return nullptr;

@@ -1,8 +1,11 @@
 #include "adapters/outlookstore/StoreItem.h"
 
 #include "adapters/outlookstore/Identifiers.h"
+#include "adapters/outlookstore/ItemRules.h"
 #include "platform/Errors.h"
 #include "platform/Text.h"
+
+#include <algorithm>
 
 namespace wmoutlook::outlookstore {
 
@@ -20,7 +23,7 @@ public:
     void setValue(const Variant& value) override { property().value = convertedFor(property(), value); }
 
 private:
-    [[nodiscard]] UserPropertyData& property() const { return data_->userProperties[index_]; }
+    [[nodiscard]] UserPropertyData& property() const { return data_->userProperties()[index_]; }
 
     std::shared_ptr<ItemData> data_;
     std::size_t index_;  // a user property is never removed, so its place stays
@@ -34,7 +37,7 @@ public:
     std::shared_ptr<outlook::port::UserProperty> add(std::string_view name, UserPropertyType type,
                                                      [[maybe_unused]] bool addToFolderFields) override {
         if (withoutWhiteSpaceAround(name).empty()) throw OutlookError{-1, "A user property needs a name"};
-        auto& properties = data_->userProperties;
+        auto& properties = data_->userProperties();
         for (std::size_t i = 0; i < properties.size(); ++i) {
             if (!equalsTextually(properties[i].name, name)) continue;
             if (properties[i].type != type)
@@ -46,7 +49,7 @@ public:
         return std::make_shared<StoreUserProperty>(data_, properties.size() - 1);
     }
 
-    std::int32_t count() const override { return static_cast<std::int32_t>(data_->userProperties.size()); }
+    std::int32_t count() const override { return static_cast<std::int32_t>(data_->userProperties().size()); }
 
     std::shared_ptr<outlook::port::UserProperty> item(std::int32_t index) override {
         if (index < 1 || index > count()) throw OutlookError{-1, "There is no user property with this index"};
@@ -72,9 +75,7 @@ private:
 }
 
 bool isIndexed(std::string_view property) {
-    for (const std::string_view indexed : kIndexedProperties)
-        if (indexed == property) return true;
-    return false;
+    return std::find(kIndexedProperties.begin(), kIndexedProperties.end(), property) != kIndexedProperties.end();
 }
 
 }  // namespace
@@ -122,7 +123,10 @@ void StoreItem::put(std::string_view property, const Variant& value) {
     const std::size_t index = indexOf(property);
     const PropertyRow& row = data_->table().rows()[index];
     if (row.access == PropertyAccess::readOnly) throw OutlookError{-1, nameOf(row.name) + " cannot be written"};
-    if (data_->set(index, convertedFor(head_.type, row, value)) && isIndexed(row.name)) keysChanged_ = true;
+    if (!data_->set(index, convertedFor(head_.type, row, value))) return;
+    if (isIndexed(row.name)) keysChanged_ = true;
+    if (head_.type == outlook::ItemType::appointment || head_.type == outlook::ItemType::task)
+        followUp(*data_, row.name, instance_->file().now());
 }
 
 void StoreItem::save() {

@@ -102,7 +102,7 @@ ListedItem listed(const StoreItem& item, std::string folder) {
                       classOf(item.head().type),
                       propertiesOf(item),
                       {}};
-    for (const UserPropertyData& property : item.data().userProperties)
+    for (const UserPropertyData& property : item.data().userProperties())
         result.userProperties.push_back({property.name, property.type, property.value});
     return result;
 }
