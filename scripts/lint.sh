@@ -42,7 +42,10 @@ check_tidy() {
     # shellcheck disable=SC2016  # expanded by the inner shell
     printf '%s\n' "${sources[@]}" |
         xargs -P "$(nproc)" -I{} bash -c 'tidy_one "$@"' tidy_one {} $(($(date +%s) + minutes * 60)) || status=1
-    echo "clang-tidy: $(find build/tidy -name '*.good' | wc -l) of ${#sources[@]} sources without a finding"
+    local good bad
+    good=$(find build/tidy -name '*.good' | wc -l)
+    bad=$(find build/tidy -name '*.cpp' | wc -l)
+    echo "clang-tidy: $((good + bad)) of ${#sources[@]} sources looked at, $bad with findings"
     return $status
 }
 

@@ -87,10 +87,9 @@ bool isStandardHeader(std::string_view name) {
     return name.find_first_of("./") == std::string_view::npos;
 }
 
-/// Includes are written from src/; those of a program may also name its own headers, from apps/.
-std::string pathOfHeader(const Layer& user, std::string_view name) {
-    const std::string fromApps = "apps/" + std::string(name);
-    return isUnder(fromApps, user.folder) ? fromApps : "src/" + std::string(name);
+/// Includes are written from src/; those of a program may also name its own headers, from the root of the project.
+std::string pathOfHeader(std::string_view name) {
+    return (name.starts_with("apps/") ? "" : "src/") + std::string(name);
 }
 
 }  // namespace
@@ -109,7 +108,7 @@ std::vector<std::string> findLayerViolations(std::string_view path, std::string_
         const auto include = readInclude(line);
         if (!include) continue;
         if (include->isProject) {
-            if (!mayUse(*layer, pathOfHeader(*layer, include->name)))
+            if (!mayUse(*layer, pathOfHeader(include->name)))
                 violations.push_back(here + ": " + std::string(layer->folder) + " may not use " + include->name);
         } else if (layer->kind == logic && !isStandardHeader(include->name)) {
             violations.push_back(here + ": logic includes the standard library alone, not " + include->name);

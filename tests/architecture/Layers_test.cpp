@@ -62,7 +62,9 @@ TEST(Layers, EachArrowThatPointsTheWrongWayIsFound) {
              Case{"src/adapters/newcomer/x.cpp", "", "not in the table of layers"},
              Case{"src/newcomer/x.cpp", "", "not in the table of layers"},
              Case{"apps/tallowsync/x.cpp", "#include \"adapters/sql/SqliteDatabase.h\"", ""},
-             Case{"apps/tallowsync/x.cpp", "#include \"tallowsync/Commands.h\"", ""},
+             Case{"apps/tallowsync/x.cpp", "#include \"apps/tallowsync/x.h\"", ""},
+             Case{"src/adapters/headless/x.cpp", "#include \"apps/tallowsync/x.h\"", "may not use apps/tallowsync/x.h"},
+             Case{"src/component/x.cpp", "#include \"apps/tallowsync/x.h\"", "may not use apps/tallowsync/x.h"},
              Case{"apps/tallowsync/x.cpp", "#ifdef _WIN32", "_WIN32"},
              Case{"apps/tallowsync/main.cpp", "#ifdef _WIN32", ""},
          }) {
