@@ -175,6 +175,7 @@ bool RowSet::loadCurrent() {
     if (!row->step()) return false;
     row_.read(*row, plan_->fields().size());
     rowVersion_ = version;
+    readAt_ = observer_->operation();
     isRowRead_ = true;
     return true;
 }
@@ -184,6 +185,7 @@ void RowSet::takeRow(const Statement& statement) {
     row_.read(statement, plan_->fields().size());
     readKey(statement, key_);
     rowVersion_ = plan_->version();
+    readAt_ = observer_->operation();
     isRowRead_ = true;
 }
 

@@ -25,10 +25,11 @@ class RowSet;
 /// Stands for the key of a row that an outer join has left out; below all keys, as null is.
 inline constexpr std::int64_t kNoKey = std::numeric_limits<std::int64_t>::min();
 
-/// Tells the other open recordsets of what one of them has written.
+/// What recordsets of one database have in common; it tells them of what one of them has written.
 class RowSetObserver {
 public:
     virtual ~RowSetObserver() = default;
+    [[nodiscard]] virtual std::uint64_t operation() const = 0;  ///< the number of the operation that is going on
     virtual void rowAdded(const RowSet& by, const Table& table, std::int64_t key) = 0;
     virtual void fieldChanged(const Field& field, std::int64_t key, const Cell& value) = 0;
 };
@@ -136,6 +137,7 @@ private:
     void requireUpdatable(std::string_view operation, std::string_view name) const;
     [[nodiscard]] std::size_t requireStored(std::string_view operation, std::string_view name) const;
     void requireSingleTable(std::string_view operation) const;
+    [[nodiscard]] bool isStoredAlready(std::size_t field, const Cell& value);
     [[noreturn]] void failAsVanished(std::string_view operation, std::string_view table);
     [[nodiscard]] Variant newField(std::size_t field);
     [[nodiscard]] NewValue& newValue(std::size_t field);
@@ -151,6 +153,7 @@ private:
     std::vector<std::int64_t> candidate_;
     RowBuffer row_;
     std::uint64_t rowVersion_ = 0;
+    std::uint64_t readAt_ = 0;  ///< the operation that read the row, or left it alone since
     bool isRowRead_ = false;
 
     bool isFixed_ = false;

@@ -48,6 +48,7 @@ void RowSet::update(std::string_view name, std::string_view value) {
     if (key == kNoKey) fail(Fault::notFound, about("updateField", name) + "the joined row has no part in this table");
 
     const Cell cell = toStored(value, field.type, field.label());
+    if (isStoredAlready(index, cell)) return;
     {
         Run change{plan_->update(index)};
         change->bind(1, cell);
@@ -59,9 +60,26 @@ void RowSet::update(std::string_view name, std::string_view value) {
         observer_->fieldChanged(field, key, cell);
         return;
     }
-    Run exists{plan_->exists(field.source)};  // an equal value is left alone, a row that has gone is not passed over
+    Run exists{plan_->exists(field.source)};  // a row that has gone is not passed over
     exists->bind(1, Cell::of(key));
     if (!exists->step()) failAsVanished("updateField", field.table);
+}
+
+/// Callers write whole rows, most of whose values are there already; even a write that changes nothing costs as much as several
+/// reads. What the operation just before has read counts as stored, anything older is read again.
+bool RowSet::isStoredAlready(std::size_t field, const Cell& value) {
+    const auto isEqual = [&] {
+        const Cell stored = row_.cell(field);
+        if (stored.isNull() || value.isNull()) return stored.isNull() && value.isNull();
+        const bool isText = stored.kind == Cell::Kind::text;
+        if (isText != (value.kind == Cell::Kind::text)) return false;
+        return isText ? stored.text == value.text : stored.number() == value.number();
+    };
+    if (!isRowRead_ || !isEqual()) return false;
+    const bool isFresh = rowVersion_ == plan_->version() && readAt_ + 1 >= observer_->operation();
+    if (!isFresh && !loadCurrent()) failAsVanished("updateField", plan_->fields()[field].table);
+    readAt_ = observer_->operation();
+    return isFresh || isEqual();
 }
 
 void RowSet::remove() {

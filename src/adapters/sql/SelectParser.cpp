@@ -95,13 +95,18 @@ private:
             if (isOneOf(token, kNotPlain)) select_.isPlain = false;
             Range* const next = depth == 0 ? clauseStartingAt(i) : nullptr;
             if (next == nullptr) continue;
-            current->end = i;
+            close(*current, i);
             current = next;
             current->start = i + (next == &order_ ? 2 : 1);
         }
-        current->end = tokens_.size();
-        current->start = std::min(current->start, current->end);
+        close(*current, tokens_.size());
         if (from_.start == 0) select_.isPlain = false;
+    }
+
+    /// A clause that says nothing is a text that was not put together to its end: taken as it is, it would select every row.
+    static void close(Range& clause, std::size_t end) {
+        if (clause.start >= end) fail(Fault::syntax, "A clause of the SQL text is empty");
+        clause.end = end;
     }
 
     Range* clauseStartingAt(std::size_t i) {

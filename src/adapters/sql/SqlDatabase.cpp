@@ -117,6 +117,7 @@ private:
     RowSet& set(RecordsetHandle handle, std::string_view operation, std::string_view field = {}) {
         RowSet* const found = find(handle);
         if (found == nullptr) failAsClosed(operation, field);
+        ++operation_;
         return *found;
     }
 
@@ -136,6 +137,8 @@ private:
         return plan;
     }
 
+    std::uint64_t operation() const override { return operation_; }
+
     void rowAdded(const RowSet& by, const Table& table, std::int64_t key) override {
         for (const Open& open : open_)
             if (open.set.get() != &by) open.set->noteAdded(table, key);
@@ -151,6 +154,7 @@ private:
     std::vector<Open> open_;
     std::vector<std::unique_ptr<RowSet>> free_;
     RecordsetHandle lastHandle_ = 0;
+    std::uint64_t operation_ = 0;
 };
 
 }  // namespace
