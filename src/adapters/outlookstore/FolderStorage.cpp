@@ -94,7 +94,11 @@ std::shared_ptr<const StoreRow> FolderStorage::store(std::int64_t number) {
 
 std::optional<FolderRow> FolderStorage::read(Statement::Run& run) {
     if (!run.next()) return std::nullopt;
-    return FolderRow{run.integer(0), run.integer(1), run.text(2), static_cast<ItemType>(run.integer(3)), store(run.integer(4))};
+    const std::int64_t type = run.integer(3);
+    // A parent is older than its child: with that, no way up or down the tree can go in a circle.
+    if (run.integer(1) >= run.integer(0) || type < 0 || type > 3)
+        throw OutlookError{-1, "Folder " + std::to_string(run.integer(0)) + " of the Outlook store is damaged"};
+    return FolderRow{run.integer(0), run.integer(1), run.text(2), static_cast<ItemType>(type), store(run.integer(4))};
 }
 
 std::optional<FolderRow> FolderStorage::find(std::int64_t number) {

@@ -45,22 +45,25 @@ std::optional<KeySearch> keySearchOf(const std::vector<Filter>& filters) {
 
 }  // namespace
 
+const FolderRow& StoreFolder::row() const {
+    static_cast<void>(instance_->file());
+    return row_;
+}
+
 std::string StoreFolder::entryID() const {
-    return entryIDOf(row_.store->key, EntryKind::folder, row_.number);
+    return entryIDOf(row().store->key, EntryKind::folder, row_.number);
 }
 
 std::string StoreFolder::storeID() const {
-    return storeIDOf(row_.store->key);
+    return storeIDOf(row().store->key);
 }
 
 std::shared_ptr<outlook::port::Items> StoreFolder::items() {
-    static_cast<void>(instance_->session());
-    return std::make_shared<StoreItems>(instance_, row_, std::vector<Filter>{});
+    return std::make_shared<StoreItems>(instance_, row(), std::vector<Filter>{});
 }
 
 std::shared_ptr<outlook::port::Folders> StoreFolder::folders() {
-    static_cast<void>(instance_->session());
-    return foldersBelow(instance_, row_);
+    return foldersBelow(instance_, row());
 }
 
 std::shared_ptr<outlook::port::Folders> foldersBelow(std::shared_ptr<Instance> instance, std::optional<FolderRow> parent) {

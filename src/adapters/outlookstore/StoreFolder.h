@@ -14,16 +14,17 @@ class StoreFolder : public outlook::port::MAPIFolder {
 public:
     StoreFolder(std::shared_ptr<Instance> instance, FolderRow row) : instance_(std::move(instance)), row_(std::move(row)) {}
 
-    [[nodiscard]] std::string name() const override { return row_.name; }
+    [[nodiscard]] std::string name() const override { return row().name; }
     [[nodiscard]] std::string entryID() const override;
     [[nodiscard]] std::string storeID() const override;
-    [[nodiscard]] outlook::ItemType defaultItemType() const override { return row_.itemType; }
+    [[nodiscard]] outlook::ItemType defaultItemType() const override { return row().itemType; }
     [[nodiscard]] std::shared_ptr<outlook::port::Items> items() override;
     [[nodiscard]] std::shared_ptr<outlook::port::Folders> folders() override;
 
-    [[nodiscard]] const FolderRow& row() const { return row_; }
-
 private:
+    /// An error when Outlook has been quit.
+    [[nodiscard]] const FolderRow& row() const;
+
     std::shared_ptr<Instance> instance_;
     FolderRow row_;
 };

@@ -349,6 +349,7 @@ TEST_P(OutlookContract, NothingWorksOnAnOutlookThatWasQuit) {
     EXPECT_THROW(static_cast<void>(application->getNamespace("MAPI")), OutlookError);
     EXPECT_THROW(static_cast<void>(session->getDefaultFolder(outlook::DefaultFolder::contacts)), OutlookError);
     EXPECT_THROW(static_cast<void>(contacts->items()), OutlookError);
+    EXPECT_THROW(static_cast<void>(contacts->storeID()), OutlookError);
     EXPECT_THROW(item->save(), OutlookError);
     EXPECT_THROW(application->quit(), OutlookError);
 }

@@ -144,6 +144,20 @@ TEST_F(OutlookStoreFile, DamageIsAnErrorAndTheWalkGoesOnBehindIt) {
     }
 }
 
+TEST_F(OutlookStoreFile, AFolderTreeThatRunsInACircleIsDamage) {
+    std::string contacts;
+    std::string store;
+    {
+        const Session session{path};
+        contacts = session.contacts->entryID();
+        store = session.contacts->storeID();
+    }
+    RawFile{path}.run("UPDATE Folders SET ParentNumber = FolderNumber WHERE Name = 'Contacts'");
+    const auto session = openOutlookStore(path)->getRunning()->getNamespace("MAPI");
+    EXPECT_NE(messageOf([&] { static_cast<void>(session->getFolderFromID(contacts, store)); }).find("is damaged"),
+              std::string::npos);
+}
+
 TEST_F(OutlookStoreFile, EverythingIsThereAfterReopening) {
     auto clock = std::make_shared<SteppingClock>();
     OutlookStoreOptions options;
