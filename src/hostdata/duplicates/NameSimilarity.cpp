@@ -1,11 +1,18 @@
 #include "hostdata/duplicates/NameSimilarity.h"
 
 #include <algorithm>
-#include <string>
+#include <bit>
 
 namespace wmoutlook {
 
 namespace {
+
+using Places = std::uint64_t;  ///< a bit for each place in a name, the first the lowest
+
+constexpr Places placesFrom(std::size_t first, std::size_t end) {
+    const Places upToEnd = end < kComparedLength ? (Places{1} << end) - 1 : ~Places{0};
+    return upToEnd & ~((Places{1} << first) - 1);
+}
 
 std::size_t lengthOfCommonPrefix(std::string_view left, std::string_view right) {
     const std::size_t most = std::min({left.size(), right.size(), kLongestPrefix});
@@ -14,45 +21,47 @@ std::size_t lengthOfCommonPrefix(std::string_view left, std::string_view right) 
     return length;
 }
 
-/// The characters of `from` that have a partner of their own in `other`, not too far off, in the order of `from`. The
-/// partners are marked.
-std::string matchedCharacters(std::string_view from, std::string_view other, std::string& isPartner) {
-    const std::size_t half = std::max(from.size(), other.size()) / 2;
-    const std::size_t reach = half > 0 ? half - 1 : 0;
-    std::string matched;
-    for (std::size_t i = 0; i < from.size(); ++i) {
-        const std::size_t end = std::min(other.size(), i + reach + 1);
-        for (std::size_t k = i > reach ? i - reach : 0; k < end; ++k) {
-            if (isPartner[k] != 0 || other[k] != from[i]) continue;
-            isPartner[k] = 1;
-            matched += from[i];
-            break;
-        }
-    }
-    return matched;
+/// How many of the matched characters of two names differ, taken in the order of each.
+int countOutOfOrder(std::string_view left, Places matchedLeft, std::string_view right, Places matchedRight) {
+    int outOfOrder = 0;
+    for (; matchedLeft != 0; matchedLeft &= matchedLeft - 1, matchedRight &= matchedRight - 1)
+        if (left[static_cast<std::size_t>(std::countr_zero(matchedLeft))] !=
+            right[static_cast<std::size_t>(std::countr_zero(matchedRight))])
+            ++outOfOrder;
+    return outOfOrder;
 }
 
 }  // namespace
 
-double jaroSimilarity(std::string_view left, std::string_view right) {
-    if (left == right) return 1;
-    std::string isPartner(right.size(), 0);
-    const std::string matched = matchedCharacters(left, right, isPartner);
-    if (matched.empty()) return 0;
-    std::size_t next = 0;
-    std::size_t outOfOrder = 0;
-    for (std::size_t k = 0; k < right.size(); ++k)
-        if (isPartner[k] != 0 && right[k] != matched[next++]) ++outOfOrder;
-    const auto count = static_cast<double>(matched.size());
-    const double transpositions = static_cast<double>(outOfOrder) / 2;
-    return (count / static_cast<double>(left.size()) + count / static_cast<double>(right.size()) +
-            (count - transpositions) / count) /
+SimilarityTo::SimilarityTo(std::string_view name) : name_(name.substr(0, kComparedLength)) {
+    for (std::size_t i = 0; i < name_.size(); ++i) placesOf_[static_cast<unsigned char>(name_[i])] |= Places{1} << i;
+}
+
+double SimilarityTo::jaro(std::string_view wholeOther) const {
+    const std::string_view other = wholeOther.substr(0, kComparedLength);
+    if (name_ == other) return 1;
+    const std::size_t half = std::max(name_.size(), other.size()) / 2;
+    const std::size_t reach = half > 0 ? half - 1 : 0;
+    Places matchedHere = 0;
+    Places matchedThere = 0;
+    const std::size_t end = std::min(other.size(), name_.size() + reach);
+    for (std::size_t i = 0; i < end; ++i) {
+        const Places near = placesFrom(i > reach ? i - reach : 0, i + reach + 1);
+        const Places partners = placesOf_[static_cast<unsigned char>(other[i])] & near & ~matchedHere;
+        matchedHere |= partners & (~partners + 1);  // the first of them
+        matchedThere |= Places{partners != 0 ? 1U : 0U} << i;
+    }
+    if (matchedHere == 0) return 0;
+    const double matched = std::popcount(matchedHere);
+    const double transpositions = countOutOfOrder(name_, matchedHere, other, matchedThere) / 2.0;
+    return (matched / static_cast<double>(name_.size()) + matched / static_cast<double>(other.size()) +
+            (matched - transpositions) / matched) /
            3;
 }
 
-double nameSimilarity(std::string_view left, std::string_view right) {
-    const double jaro = jaroSimilarity(left, right);
-    return jaro + static_cast<double>(lengthOfCommonPrefix(left, right)) * kWeightOfPrefix * (1 - jaro);
+double SimilarityTo::jaroWinkler(std::string_view other) const {
+    const double similarity = jaro(other);
+    return similarity + static_cast<double>(lengthOfCommonPrefix(name_, other)) * kWeightOfPrefix * (1 - similarity);
 }
 
 }  // namespace wmoutlook

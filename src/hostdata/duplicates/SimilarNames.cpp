@@ -96,8 +96,9 @@ private:
 void SimilarNames::add(std::string name, const HostRecord& record) {
     const NumbersByKey::Added added = equal_.add(std::move(name), record);
     if (!added.isNewKey || !isAscii(added.key)) return;
-    blocks_[blockOf(added.key)].push_back({lettersOf(added.key), beginningOf(added.key),
-                                           static_cast<std::uint32_t>(added.key.size()), added.key.data(), added.numbers});
+    const std::string_view compared = added.key.substr(0, kComparedLength);
+    blocks_[blockOf(added.key)].push_back({lettersOf(compared), beginningOf(compared),
+                                           static_cast<std::uint32_t>(compared.size()), compared.data(), added.numbers});
 }
 
 std::int32_t SimilarNames::find(std::string_view name, LookAt lookAt) const {
@@ -106,17 +107,20 @@ std::int32_t SimilarNames::find(std::string_view name, LookAt lookAt) const {
     const auto block = blocks_.find(blockOf(name));
     if (block == blocks_.end()) return kNoRecord;
 
-    const Allowance allowance{name.size()};
-    const std::uint64_t letters = lettersOf(name);
-    const std::uint32_t beginning = beginningOf(name);
+    const std::string_view compared = name.substr(0, kComparedLength);
+    const Allowance allowance{compared.size()};
+    const SimilarityTo similarityTo{compared};
+    const std::uint64_t letters = lettersOf(compared);
+    const std::uint32_t beginning = beginningOf(compared);
     std::int32_t found = kNoRecord;
     double best = kSameNameSimilarity;
     for (const Entry& entry : block->second) {
         const std::size_t prefix = commonPrefix(beginning, entry.beginning);
         if (!allowance.mayBeSimilar(letters, entry.letters, prefix, entry.length)) continue;
-        const std::int32_t number = entry.numbers->among(lookAt);
-        const double similarity = number == kNoRecord ? 0 : nameSimilarity(name, {entry.name, entry.length});
+        const double similarity = similarityTo.jaroWinkler({entry.name, entry.length});
         if (similarity < best) continue;
+        const std::int32_t number = entry.numbers->among(lookAt);
+        if (number == kNoRecord) continue;
         found = similarity > best ? number : lowerNumber(found, number);
         best = similarity;
     }
