@@ -106,7 +106,7 @@ PersonName personName(std::string_view first, std::string_view middle, std::stri
 std::vector<PersonName> readingsOfFullName(std::string_view fullName) {
     const std::size_t comma = fullName.find(',');
     if (comma != std::string_view::npos) {
-        const auto reading = readingOfLastFirst(wordsOfName(fullName.substr(0, comma)), wordsOfName(fullName.substr(comma + 1)));
+        auto reading = readingOfLastFirst(wordsOfName(fullName.substr(0, comma)), wordsOfName(fullName.substr(comma + 1)));
         if (!reading.empty()) return reading;
     }
     Words words = wordsOfName(fullName);

@@ -25,13 +25,13 @@ std::string blockOf(std::string_view name) {
 /// of the one that finds no partner in the other.
 std::uint64_t lettersOf(std::string_view name) {
     constexpr std::string_view kCommonest = "eairnostluce";
-    constexpr unsigned kLetters = 26;
+    constexpr std::size_t kLetters = 26;
     std::uint64_t bits = 0;
-    std::array<unsigned, kLetters> seen{};
+    std::array<std::size_t, kLetters> seen{};
     for (const char c : name) {
         if (c < 'a' || c > 'z') continue;
-        const auto letter = static_cast<unsigned>(c - 'a');
-        const unsigned times = seen[letter]++;
+        const auto letter = static_cast<std::size_t>(c - 'a');
+        const std::size_t times = seen[letter]++;
         if (times < 2) bits |= std::uint64_t{1} << (times * kLetters + letter);
         const std::size_t common = kCommonest.find(c);
         if (times == 2 && common != std::string_view::npos) bits |= std::uint64_t{1} << (2 * kLetters + common);
