@@ -1,5 +1,6 @@
 #include "platform/DateHelper.h"
 
+#include "platform/MonthNames.h"
 #include "platform/Text.h"
 #include "platform/Variant.h"
 
@@ -14,8 +15,6 @@ namespace wmoutlook::DateHelper {
 
 namespace {
 
-constexpr std::array<std::string_view, 12> kMonths{"January", "February", "March",     "April",   "May",      "June",
-                                                   "July",    "August",   "September", "October", "November", "December"};
 constexpr std::array<std::string_view, 7> kWeekdays{"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
 
 std::string padded(std::int32_t number, int width) {
@@ -27,55 +26,6 @@ std::string padded(std::int32_t number, int width) {
 std::string_view weekdayOf(Date date) {
     const auto day = secondsSinceDayZero(dayOf(date)) / 86400;  // day 0 was a Saturday
     return kWeekdays[static_cast<std::size_t>(((day + 6) % 7 + 7) % 7)];
-}
-
-std::int32_t monthFrom(std::string_view name) {
-    for (std::size_t i = 0; i < kMonths.size(); ++i)
-        if (equalsTextually(name, kMonths[i]) || equalsTextually(name, kMonths[i].substr(0, 3)))
-            return static_cast<std::int32_t>(i) + 1;
-    return 0;
-}
-
-/// A whole number of `least` to `most` digits at the front, taken off the text.
-std::optional<std::int32_t> takeNumber(std::string_view& text, std::size_t least, std::size_t most) {
-    std::size_t length = 0;
-    while (length < text.size() && text[length] >= '0' && text[length] <= '9') ++length;
-    if (length < least || length > most) return std::nullopt;
-    std::int32_t number = 0;
-    std::from_chars(text.data(), text.data() + length, number);
-    text.remove_prefix(length);
-    return number;
-}
-
-bool take(std::string_view& text, char expected) {
-    if (text.empty() || text.front() != expected) return false;
-    text.remove_prefix(1);
-    return true;
-}
-
-std::optional<Date> readMonthName(std::string_view text) {
-    const std::size_t end = text.find(' ');
-    if (end == std::string_view::npos) return std::nullopt;
-    const std::int32_t month = monthFrom(text.substr(0, end));
-    text = trimmed(text.substr(end));
-    const auto day = takeNumber(text, 1, 2);
-    take(text, ',');
-    const bool isSpaced = take(text, ' ');
-    text = trimmed(text);
-    const auto year = takeNumber(text, 4, 4);
-    if (month == 0 || !day || !isSpaced || !year || !text.empty()) return std::nullopt;
-    return makeDate({*year, month, *day, 0, 0, 0});
-}
-
-std::optional<Date> readSlashes(std::string_view text, DateOrder order) {
-    const auto first = takeNumber(text, 1, 2);
-    if (!first || !take(text, '/')) return std::nullopt;
-    const auto second = takeNumber(text, 1, 2);
-    if (!second || !take(text, '/')) return std::nullopt;
-    const auto year = takeNumber(text, 4, 4);
-    if (!year || !text.empty()) return std::nullopt;
-    const bool isMonthFirst = order == DateOrder::monthFirst;
-    return makeDate({*year, isMonthFirst ? *first : *second, isMonthFirst ? *second : *first, 0, 0, 0});
 }
 
 /// How many times the letter at `at` stands there in a row, in either case.
@@ -104,8 +54,8 @@ struct Formatter {
                 if (count == 3) return std::string{weekdayOf(date).substr(0, 3)};
                 return count > 3 ? std::string{weekdayOf(date)} : padded(parts.day, width);
             case 'm':
-                if (count == 3) return std::string{kMonths[month].substr(0, 3)};
-                return count > 3 ? std::string{kMonths[month]} : padded(parts.month, width);
+                if (count == 3) return std::string{kMonthNames[month].substr(0, 3)};
+                return count > 3 ? std::string{kMonthNames[month]} : padded(parts.month, width);
             case 'y': return count > 2 ? padded(parts.year, 4) : padded(parts.year % 100, 2);
             case 'h': return padded(hasMark ? (parts.hour + 11) % 12 + 1 : parts.hour, width);
             case 'n': return padded(parts.minute, width);
@@ -130,13 +80,6 @@ std::string formatDuration(std::int32_t minutes) {
     const auto rest = static_cast<std::int32_t>(total % 60);
     if (hours == 0) return toText(rest) + " min";
     return toText(hours) + " hr" + (rest == 0 ? std::string{} : " " + toText(rest) + " min");
-}
-
-std::optional<Date> parseUserDate(std::string_view text, DateOrder order) {
-    text = withoutWhiteSpaceAround(text);
-    if (text.size() == 10 && text[4] == '-') return fromIsoText(text);
-    if (const auto date = readSlashes(text, order)) return date;
-    return readMonthName(text);
 }
 
 std::string format(Date date, std::string_view pattern) {

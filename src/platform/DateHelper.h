@@ -21,6 +21,11 @@ enum class DateOrder { monthFirst, dayFirst };
 /// Nothing for any other text.
 [[nodiscard]] std::optional<Date> parseUserDate(std::string_view text, DateOrder order);
 
+/// A date, a time of day or both, as filters, statements and other programs write them: the forms of parseUserDate with the
+/// month first, month names long or short with and without a comma; "9:00", "09:00:30", "9:00 AM", "21:30"; ISO moments also
+/// with a "T". A time alone stands on day 0. Nothing for any other text.
+[[nodiscard]] std::optional<Date> parseMoment(std::string_view text);
+
 /// Formats with the usual letters, in English whatever the machine's locale: d, dd, dddd, m, mm, mmm, mmmm, yy, yyyy,
 /// h, hh, n, nn, s, ss, am/pm, AMPM; any other character stands for itself. "h" is 1 to 12 with an am/pm mark, 0 to 23 without.
 [[nodiscard]] std::string format(Date date, std::string_view pattern);

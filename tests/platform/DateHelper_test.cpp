@@ -46,6 +46,8 @@ TEST(UserDates, AreReadInTheListedFormsOnly) {
                                         "November 2026",
                                         "November 22",
                                         "November 31, 2026",
+                                        "November 22 2026",
+                                        "Nov 22, 2026",
                                         "November 0, 2026",
                                         "Novem 22, 2026",
                                         "No 22 2026",
@@ -72,6 +74,21 @@ TEST(UserDates, AreReadInTheListedFormsOnly) {
                                         "Août 1, 2026",
                                         "1/1/0099"})
         EXPECT_EQ(parseUserDate(text, kMonthFirst), std::nullopt) << text;
+}
+
+TEST(Moments, AreReadAsOtherProgramsWriteThem) {
+    struct Case {
+        std::string_view text, iso;  // empty: refused
+    };
+    for (const Case& c : {Case{"Jan 5, 2015 12:00 am", "2015-01-05"}, Case{"January 5 2015 11:59 PM", "2015-01-05 23:59:00"},
+                          Case{"1/5/2015", "2015-01-05"}, Case{"2015-01-05T09:00:30", "2015-01-05 09:00:30"},
+                          Case{" 9:05 AM ", "09:05:00"}, Case{"12:00 pm", "12:00:00"}, Case{"21:30:15", "21:30:15"}, Case{"", ""},
+                          Case{":", ""}, Case{"13:00 PM", ""}, Case{"0:30 AM", ""}, Case{"24:00", ""}, Case{"9 AM", ""},
+                          Case{"9:60", ""}, Case{"Jan 5, 2015 9:", ""}, Case{"noon 9:00", ""}, Case{"2015-01-05 9:00 XM", ""}}) {
+        SCOPED_TRACE(c.text);
+        const auto moment = parseMoment(c.text);
+        EXPECT_EQ(moment ? toIsoText(*moment) : "", c.iso);
+    }
 }
 
 TEST(UserDates, WithSlashesGoByTheLocale) {

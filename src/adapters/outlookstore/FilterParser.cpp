@@ -1,6 +1,6 @@
 #include "adapters/outlookstore/FilterParser.h"
 
-#include "adapters/outlookstore/DateText.h"
+#include "platform/DateHelper.h"
 #include "platform/Errors.h"
 #include "platform/Text.h"
 #include "platform/Variant.h"
@@ -193,7 +193,7 @@ void FilterParser::assign(FilterNode& node, const Value& value) const {
             return;
         case PropertyKind::day:
         case PropertyKind::moment: {
-            const auto date = value.kind == Value::Kind::quoted ? readDateText(value.text) : std::nullopt;
+            const auto date = value.kind == Value::Kind::quoted ? DateHelper::parseMoment(value.text) : std::nullopt;
             if (!date) fail(value.at, "this property is compared with a date in quotation marks");
             node.number = minutesOf(*date);
             return;

@@ -1,6 +1,6 @@
 #include "adapters/outlookstore/ItemData.h"
 
-#include "adapters/outlookstore/DateText.h"
+#include "platform/DateHelper.h"
 #include "platform/Errors.h"
 
 #include <cmath>
@@ -12,7 +12,7 @@ namespace {
 /// Dates travel as ISO texts; what a person or a filter would write is read too.
 Date dateIn(const Variant& value) {
     if (const std::string* text = value.text())
-        if (const auto date = readDateText(*text)) return *date;
+        if (const auto date = DateHelper::parseMoment(*text)) return *date;
     return value.toDate();
 }
 

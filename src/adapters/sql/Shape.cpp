@@ -1,6 +1,6 @@
 #include "adapters/sql/Shape.h"
 
-#include "adapters/sql/DateText.h"
+#include "platform/DateHelper.h"
 #include "adapters/sql/Faults.h"
 #include "adapters/sql/Tokenizer.h"
 
@@ -23,7 +23,7 @@ Cell numberOf(std::string_view digits) {
 }
 
 Cell dateOf(std::string_view content) {
-    const auto date = readDate(content);
+    const auto date = DateHelper::parseMoment(content);
     if (!date) fail(Fault::syntax, "A literal between # marks in the SQL text is no date");
     return Cell::of(date->days);
 }

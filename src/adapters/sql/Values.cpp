@@ -1,6 +1,6 @@
 #include "adapters/sql/Values.h"
 
-#include "adapters/sql/DateText.h"
+#include "platform/DateHelper.h"
 #include "adapters/sql/Faults.h"
 #include "adapters/sql/Tokenizer.h"
 #include "platform/Text.h"
@@ -94,7 +94,7 @@ std::optional<Cell> convert(std::string_view text, TypeKind kind) {
             if (const auto number = numberIn(text)) return Cell::of(*number);
             return std::nullopt;
         case TypeKind::date:
-            if (const auto date = readDate(text)) return Cell::of(date->days);
+            if (const auto date = DateHelper::parseMoment(text)) return Cell::of(date->days);
             return std::nullopt;
         default: return Cell::of(text);
     }

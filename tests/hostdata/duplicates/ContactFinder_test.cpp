@@ -1,4 +1,4 @@
-#include "hostdata/duplicates/FinderTest.h"
+#include "tests/hostdata/duplicates/FinderTest.h"
 
 namespace wmoutlook::testing {
 namespace {
