@@ -30,6 +30,7 @@ class RowSetObserver {
 public:
     virtual ~RowSetObserver() = default;
     [[nodiscard]] virtual std::uint64_t operation() const = 0;  ///< the number of the operation that is going on
+    virtual void beforeChange(const Table& table) = 0;
     virtual void rowAdded(const RowSet& by, const Table& table, std::int64_t key) = 0;
     virtual void fieldChanged(const Field& field, std::int64_t key, const Cell& value) = 0;
 };
@@ -67,6 +68,7 @@ public:
     bool findNext();
     [[nodiscard]] bool noMatch() const { return noMatch_; }
 
+    void noteComingChange(const Table& table);
     void noteAdded(const Table& table, std::int64_t key);
     void noteChanged(const Field& field, std::int64_t key, const Cell& value);
 

@@ -49,6 +49,7 @@ void RowSet::update(std::string_view name, std::string_view value) {
 
     const Cell cell = toStored(value, field.type, field.label());
     if (isStoredAlready(index, cell)) return;
+    observer_->beforeChange(*plan_->sources()[field.source].table);
     {
         Run change{plan_->update(index)};
         change->bind(1, cell);
@@ -86,13 +87,13 @@ void RowSet::remove() {
     requireUpdatable("deleteRecord", {});
     requireSingleTable("deleteRecord");
     requirePosition("deleteRecord", {});
-    if (!plan_->isInKeyOrder()) fix();  // afterwards nothing would tell where the row stood
+    Table& table = *plan_->sources()[0].table;
+    observer_->beforeChange(table);
     {
         Run removal{plan_->remove()};
         removal->bind(1, Cell::of(key_[0]));
         removal->step();
     }
-    Table& table = *plan_->sources()[0].table;
     if (driver_->changedRows() == 0) failAsVanished("deleteRecord", table.name);
     ++table.version;
     position_.state = State::deleted;

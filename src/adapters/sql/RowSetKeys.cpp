@@ -113,6 +113,13 @@ void RowSet::insertOwn(std::int64_t key) {
     noteAdded(*plan_->sources()[0].table, key);
 }
 
+/// In an order of its own, nothing tells afterwards where a row stood that is deleted or sorted anew.
+void RowSet::noteComingChange(const Table& table) {
+    if (isFixed_ || position_.state == State::unread || !plan_->isKeyed() || plan_->isInKeyOrder()) return;
+    const auto& sources = plan_->sources();
+    if (std::any_of(sources.begin(), sources.end(), [&](const Plan::Source& source) { return source.table == &table; })) fix();
+}
+
 /// Rows that come later are not in the set. Once it is fixed they cannot slip in.
 void RowSet::noteAdded(const Table& table, std::int64_t key) {
     if (isFixed_ || !plan_->isKeyed() || plan_->keyCount() != 1 || plan_->sources()[0].table != &table) return;

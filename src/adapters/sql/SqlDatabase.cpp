@@ -139,6 +139,10 @@ private:
 
     std::uint64_t operation() const override { return operation_; }
 
+    void beforeChange(const Table& table) override {
+        for (const Open& open : open_) open.set->noteComingChange(table);
+    }
+
     void rowAdded(const RowSet& by, const Table& table, std::int64_t key) override {
         for (const Open& open : open_)
             if (open.set.get() != &by) open.set->noteAdded(table, key);

@@ -153,6 +153,20 @@ TEST_P(HostDatabaseContract, EachRowCanBeDeletedInAWalk) {
     }
 }
 
+TEST_P(HostDatabaseContract, AFoundRowOfASortedSetKeepsItsPlaceWhenItGoes) {
+    addContacts({"Ann", "Bob", "Cid"});
+    for (const bool isDeletedByAnother : {false, true}) {
+        SCOPED_TRACE(isDeletedByAnother);
+        addContacts({"Bea"});
+        const auto rows = open("SELECT Contacts.* FROM Contacts ORDER BY DisplayName;");
+        const auto others = open("SELECT Contacts.* FROM Contacts;");
+        for (const auto set : {rows, others}) ASSERT_TRUE(database().findFirst(set, "DisplayName", "Bea"));
+        database().deleteRecord(isDeletedByAnother ? others : rows);
+        database().moveNext(rows);
+        EXPECT_EQ(text(rows, "DisplayName"), "Bob");
+    }
+}
+
 TEST_P(HostDatabaseContract, APositionSurvivesNestedCallsEvenTheDeletionOfItsRow) {
     addContacts({"Ann", "Bob", "Cid"});
     for (const bool isDeletedMeanwhile : {false, true}) {
@@ -202,7 +216,8 @@ TEST_P(HostDatabaseContract, AnEditOfAVanishedRowIsAnErrorAlsoWhenNothingWouldCh
     const auto others = open("SELECT Contacts.* FROM Contacts;");
     ASSERT_TRUE(database().hasRows(rows));
     database().deleteRecord(others);
-    EXPECT_NE(messageOf([&] { database().updateField(rows, "DisplayName", "Ann"); }).find("Contacts"), std::string::npos);
+    for (const std::string_view name : {"Eve", "Ann"})
+        EXPECT_NE(messageOf([&] { database().updateField(rows, "DisplayName", name); }).find("deleted"), std::string::npos);
     EXPECT_THROW(database().deleteRecord(rows), DatabaseError);
 }
 
@@ -597,6 +612,124 @@ TEST_P(HostDatabaseContract, ALocalStoreThatCannotBeOpenedIsNotOpen) {
     ASSERT_NE(store, nullptr);
     EXPECT_FALSE(store->isDatabaseOpen());
     EXPECT_TRUE(database().isDatabaseOpen());
+}
+
+/// What a recordset is by its description, at any price: a list of rows made at the opening.
+struct PlainSet {
+    RecordsetHandle handle = kNoRecordset;
+    std::vector<std::int32_t> rows;  ///< their numbers, own new ones at the end
+    std::size_t at = 0;
+    bool isRead = false;  ///< until somebody looks, the first row that is there is current
+    std::string sought;
+    bool isSearched = false;
+    std::vector<std::pair<RecordMarker, std::size_t>> markers;
+};
+
+/// All rows of the table by number; an empty name is a deleted row.
+using PlainTable = std::vector<std::string>;
+
+inline constexpr auto kAtEnd = static_cast<std::size_t>(-1);
+
+inline bool isThere(const PlainTable& table, std::int32_t row) {
+    return !table[static_cast<std::size_t>(row)].empty();
+}
+
+inline void settle(PlainSet& set, const PlainTable& table, std::size_t from) {
+    set.isRead = true;
+    for (set.at = from; set.at < set.rows.size(); ++set.at)
+        if (isThere(table, set.rows[set.at])) return;
+    set.at = kAtEnd;
+}
+
+inline bool findFrom(PlainSet& set, const PlainTable& table, std::size_t from) {
+    for (std::size_t i = from; i < set.rows.size(); ++i)
+        if (table[static_cast<std::size_t>(set.rows[i])] == set.sought) return (set.at = i), (set.isRead = true);
+    return false;
+}
+
+TEST_P(HostDatabaseContract, RandomHistoriesAgreeWithAListOfRows) {
+    const auto seed = std::random_device{}();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random{seed};
+    const auto roll = [&](std::size_t sides) { return std::uniform_int_distribution<std::size_t>{0, sides - 1}(random); };
+    const auto name = [&] { return std::string(1, static_cast<char>('a' + roll(4))); };
+    constexpr std::string_view kTexts[] = {"", " WHERE ContactID > 0", " ORDER BY ContactID DESC"};
+    PlainTable table{""};
+    std::vector<PlainSet> sets;
+    const auto openSet = [&] {
+        const std::size_t kind = roll(3);
+        PlainSet set{open("SELECT Contacts.* FROM Contacts" + std::string{kTexts[kind]}), {}, 0, false, {}, false, {}};
+        for (std::size_t row = 1; row < table.size(); ++row)
+            if (!table[row].empty()) set.rows.push_back(static_cast<std::int32_t>(row));
+        if (kind == 2) std::reverse(set.rows.begin(), set.rows.end());
+        sets.push_back(set);
+    };
+    const auto add = [&](PlainSet& set) {
+        const std::string value = name();
+        database().addNewRecord(set.handle);
+        database().setNewField(set.handle, "DisplayName", value);
+        database().saveNewRecord(set.handle);
+        table.push_back(value);
+        set.rows.push_back(static_cast<std::int32_t>(table.size() - 1));
+        set.at = set.rows.size() - 1;
+        set.isRead = true;
+    };
+    openSet();
+    for (int i = 0; i < 5; ++i) add(sets[0]);
+    for (int step = 0; step < 1500 && !HasFailure(); ++step) {
+        if (sets.size() < 4) openSet();
+        PlainSet& set = sets[roll(sets.size())];
+        if (!set.isRead) settle(set, table, 0);
+        const auto hasRow = [&] { return set.at < set.rows.size() && isThere(table, set.rows[set.at]); };
+        if (set.at < set.rows.size() && !hasRow() && roll(2) == 0) {
+            EXPECT_THROW((void)database().getField(set.handle, "ContactID"), DatabaseError);
+            database().moveNext(set.handle);
+            settle(set, table, set.at + 1);
+        }
+        const std::size_t action = roll(11);
+        SCOPED_TRACE("step " + std::to_string(step) + ", action " + std::to_string(action));
+        if (action == 0) {
+            settle(set, table, 0);
+            EXPECT_EQ(database().moveFirst(set.handle), set.at != kAtEnd);
+        } else if (action <= 2) {
+            if (set.at < set.rows.size()) settle(set, table, set.at + 1);
+            database().moveNext(set.handle);
+        } else if (action <= 4) {
+            set.sought = name();
+            set.isSearched = true;
+            const bool isFound = findFrom(set, table, 0);
+            EXPECT_EQ(database().findFirst(set.handle, "DisplayName", set.sought), isFound);
+            EXPECT_EQ(database().noMatch(set.handle), !isFound);
+        } else if (action == 5 && set.isSearched) {
+            const bool isFound = set.at != kAtEnd && findFrom(set, table, set.at + 1);
+            EXPECT_EQ(database().findNext(set.handle), isFound);
+        } else if (action == 6 && hasRow()) {
+            table[static_cast<std::size_t>(set.rows[set.at])] = name();
+            database().updateField(set.handle, "DisplayName", table[static_cast<std::size_t>(set.rows[set.at])]);
+        } else if (action == 7 && hasRow() && roll(2) == 0) {
+            table[static_cast<std::size_t>(set.rows[set.at])].clear();
+            database().deleteRecord(set.handle);
+        } else if (action == 8) {
+            add(set);
+        } else if (action == 9) {
+            if (!set.markers.empty() && roll(2) == 0) {
+                database().restoreRecordPosition(set.handle, set.markers.back().first);
+                set.at = set.markers.back().second;
+            } else {
+                set.markers.emplace_back(database().saveRecordPosition(set.handle), set.at);
+            }
+        } else if (action == 10 && roll(4) == 0) {
+            database().closeRecordset(set.handle);
+            std::swap(set, sets.back());
+            sets.pop_back();
+            continue;
+        }
+        EXPECT_EQ(database().isEndOfRecordset(set.handle), set.at == kAtEnd);
+        if (hasRow()) {
+            EXPECT_EQ(database().getField(set.handle, "ContactID"), Variant{set.rows[set.at]});
+            EXPECT_EQ(text(set.handle, "DisplayName"), table[static_cast<std::size_t>(set.rows[set.at])]);
+        }
+    }
 }
 
 }  // namespace wmoutlook
