@@ -1,0 +1,94 @@
+#include "apps/tallowsync/sample/NewFirm.h"
+
+#include "adapters/sql/SqliteDatabase.h"
+#include "apps/tallowsync/sample/Dice.h"
+
+#include <vector>
+
+namespace wmoutlook {
+
+namespace sample {
+
+namespace {
+
+constexpr std::string_view kApplicationName = "Tallow Brook";
+
+std::string makeDataFileID(RandomSource& random) {
+    constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
+    Dice dice{random};
+    std::string id;
+    while (id.size() < 12) id += dice.pick(kLetters);
+    return id;
+}
+
+struct FixedCategory {
+    std::string_view code;
+    std::string name;
+    std::string description;
+};
+
+std::int32_t addCategory(Rows& rows, const FixedCategory& category, const Variant& parent) {
+    return rows.add("Categories", {{"CategoryNum", parent},
+                                   {"CategoryName", category.name},
+                                   {"CategoryDescription", category.description},
+                                   {"CategorySpecialCode", category.code}});
+}
+
+/// The categories that every firm has; the component would create them one by one when it first needs them.
+FirmNumbers addCategories(Rows& rows) {
+    const std::string name{kApplicationName};
+    const std::string all = "This category contains all of the " + name;
+    FirmNumbers numbers;
+    numbers.mainCategory = addCategory(rows, {"Main", name + " Address Book", ""}, {});
+    numbers.businessCategory =
+        addCategory(rows, {"BusinessCategory", name + " Business Clients", all + " Business clients."}, numbers.mainCategory);
+    numbers.personalCategory = addCategory(
+        rows,
+        {"PersonalCategory", name + " Personal Clients",
+         all + " Personal Tax clients.  Drag your contacts into this category to add them to your personal tax clients list."},
+        numbers.mainCategory);
+    numbers.firmCategory = addCategory(rows, {"FirmCategory", "Firm Staff", "This category contains all of your staff members."},
+                                       numbers.mainCategory);
+    return numbers;
+}
+
+}  // namespace
+
+FirmNumbers addFirm(Rows& rows, const FirmProfile& profile, std::span<const Field> more) {
+    FirmNumbers numbers = addCategories(rows);
+    const bool isUnitedStates = profile.country == country::kUnitedStates;
+    std::vector<Field> fields{{"CompanyName", profile.name},
+                              {"CorporateName", profile.name},
+                              {"Province", profile.province},
+                              {"Country", isUnitedStates ? "United States" : "Canada"}};
+    fields.insert(fields.end(), more.begin(), more.end());
+    numbers.firm = rows.add("AccountantFirmInfo", fields);
+    rows.add("DataVersion", {{"DataUniqueID", makeDataFileID(*profile.random)}});
+    return numbers;
+}
+
+std::int32_t addStaffMember(Rows& rows, const FirmNumbers& numbers, const std::string& firstName, const std::string& lastName,
+                            std::initializer_list<Field> more) {
+    std::vector<Field> fields{{"DisplayName", firstName + " " + lastName}, {"FirstName", firstName}, {"LastName", lastName}};
+    fields.insert(fields.end(), more.begin(), more.end());
+    const std::int32_t id = rows.add("Contacts", fields);
+    rows.add("ContactsNotes", {{"ContactNum", id}});
+    rows.add("Clients", {{"CompanyIDNum", kNoRecord}, {"ContactIDNum", id}});
+    rows.add("ContactLinks", {{"ContactIDNum", id}, {"CategoryNum", numbers.firmCategory}});
+    fields.push_back({"ContactID", id});
+    fields.push_back({"UserName", firstName + " " + lastName});
+    rows.add("AccountantEmployeeInfo", fields);
+    return id;
+}
+
+}  // namespace sample
+
+void createFirm(const std::string& path, const FirmProfile& profile) {
+    createSqliteDatabase(path);
+    sample::Rows rows{path};
+    const sample::FirmNumbers numbers = sample::addFirm(rows, profile);
+    sample::addStaffMember(rows, numbers, profile.userFirstName, profile.userLastName, {});
+    rows.commit();
+}
+
+}  // namespace wmoutlook
