@@ -20,6 +20,15 @@ if [[ ${#targets[@]} -eq 0 ]]; then
     echo "fuzz.sh: there is no fuzz target" >&2
     exit 1
 fi
+if [[ $# -eq 0 ]]; then
+    for folder in tests/fuzz/corpus/*/; do
+        name=$(basename "$folder")
+        if [[ " ${targets[*]} " != *" $name "* ]]; then
+            echo "fuzz.sh: the seeds in $folder belong to no target" >&2
+            exit 1
+        fi
+    done
+fi
 cmake --build --preset fuzz --target "${targets[@]}"
 
 fuzz_one() {
