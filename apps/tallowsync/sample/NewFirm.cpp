@@ -2,6 +2,7 @@
 
 #include "adapters/sql/SqliteDatabase.h"
 #include "apps/tallowsync/sample/Dice.h"
+#include "hostdata/CategoryTables.h"
 
 #include <vector>
 
@@ -21,34 +22,23 @@ std::string makeDataFileID(RandomSource& random) {
     return id;
 }
 
-struct FixedCategory {
-    std::string_view code;
-    std::string name;
-    std::string description;
-};
-
-std::int32_t addCategory(Rows& rows, const FixedCategory& category, const Variant& parent) {
-    return rows.add("Categories", {{"CategoryNum", parent},
-                                   {"CategoryName", category.name},
-                                   {"CategoryDescription", category.description},
-                                   {"CategorySpecialCode", category.code}});
+std::int32_t addCategory(Rows& rows, const categories::FixedCategory& category, const Variant& parent) {
+    const std::string application{kApplicationName};
+    const std::string end{category.descriptionEnd};
+    return rows.add("Categories",
+                    {{"CategoryNum", parent},
+                     {"CategoryName", (category.startsWithApplicationName ? application : "") + std::string{category.nameEnd}},
+                     {"CategoryDescription", std::string{category.descriptionStart} + (end.empty() ? "" : application + end)},
+                     {"CategorySpecialCode", category.code}});
 }
 
 /// The categories that every firm has; the component would create them one by one when it first needs them.
 FirmNumbers addCategories(Rows& rows) {
-    const std::string name{kApplicationName};
-    const std::string all = "This category contains all of the " + name;
     FirmNumbers numbers;
-    numbers.mainCategory = addCategory(rows, {"Main", name + " Address Book", ""}, {});
-    numbers.businessCategory =
-        addCategory(rows, {"BusinessCategory", name + " Business Clients", all + " Business clients."}, numbers.mainCategory);
-    numbers.personalCategory = addCategory(
-        rows,
-        {"PersonalCategory", name + " Personal Clients",
-         all + " Personal Tax clients.  Drag your contacts into this category to add them to your personal tax clients list."},
-        numbers.mainCategory);
-    numbers.firmCategory = addCategory(rows, {"FirmCategory", "Firm Staff", "This category contains all of your staff members."},
-                                       numbers.mainCategory);
+    numbers.mainCategory = addCategory(rows, categories::kMain, {});
+    numbers.businessCategory = addCategory(rows, categories::kBusiness, numbers.mainCategory);
+    numbers.personalCategory = addCategory(rows, categories::kPersonal, numbers.mainCategory);
+    numbers.firmCategory = addCategory(rows, categories::kFirm, numbers.mainCategory);
     return numbers;
 }
 

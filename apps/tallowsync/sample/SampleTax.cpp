@@ -1,5 +1,6 @@
 #include "apps/tallowsync/sample/Names.h"
 #include "apps/tallowsync/sample/Sample.h"
+#include "hostdata/CategoryTables.h"
 
 #include <iterator>
 #include <string>
@@ -8,30 +9,7 @@ namespace wmoutlook::sample {
 
 namespace {
 
-struct TaxStep {
-    std::string_view name;
-    std::string_view column;
-    std::string_view description;
-};
-
-// The steps that the host gives a tax year by default.
-constexpr TaxStep kTaxSteps[] = {
-    {"Contacted Client", "Contacted",
-     "Indicates whether the client has been notified to submit their information and submit any changes"},
-    {"Had Meeting With Client", "Meeting", "Indicates whether a meeting has been scheduled with the client"},
-    {"Received Information from Client", "Info Received",
-     "Indicates whether all the relevant documentation has been received by the client"},
-    {"Processed Tax Return", "Processed", "Indicates whether whether the tax return has been processed"},
-    {"Verified Tax Return", "Verified", "Indicates whether the tax return has been verified"},
-    {"Approved Tax Return", "Approved", "Indicates whether the tax return has received final approval"},
-    {"Printed Tax Return", "Printed", "Indicates whether the tax return has been printed"},
-    {"Tax Return Completed", "Completed", "Indicates whether the tax return has been completed"},
-    {"Received Client Signature", "Signature", "Indicates whether the final client signature and approval has been obtained"},
-    {"Efiled Return", "eFiled", "Indicates whether the tax return has been eFiled or mailed to government"},
-    {"Received Refund", "Refund Received", "Indicates whether the refund has been received by the client"},
-    {"Received Notice of Assessment", "NOA Received", "Indicates whether the client has received their notice of assessment"},
-};
-constexpr auto kStepCount = static_cast<std::int32_t>(std::size(kTaxSteps));
+constexpr auto kStepCount = static_cast<std::int32_t>(std::size(categories::kDefaultTaxSteps));
 
 std::int32_t addCategory(Sample& sample, std::int32_t parent, const std::string& name, const std::string& description,
                          const std::string& code) {
@@ -45,13 +23,14 @@ TaxYear addTaxYear(Sample& sample, std::int32_t year) {
     const std::string name = std::to_string(year);
     const std::int32_t category =
         addCategory(sample, sample.numbers.personalCategory, name,
-                    "This category contains all of the Personal Tax clients for the " + name + " tax year.", "TaxYear:" + name);
+                    "This category contains all of the Personal Tax clients for the " + name + " tax year.",
+                    std::string{categories::kTaxYearCode} + name);
     for (std::int32_t number = 1; number <= kStepCount; ++number) {
-        const TaxStep& step = kTaxSteps[number - 1];
+        const categories::TaxStep& step = categories::kDefaultTaxSteps[number - 1];
         sample.rows.add("PersonalTaxSteps", {{"TaxYear", year},
                                              {"StepName", step.name},
                                              {"StepDescription", step.description},
-                                             {"ColumnName", step.column},
+                                             {"ColumnName", step.columnName},
                                              {"DefaultWidth", 1000},
                                              {"SortIndex", number},
                                              {"OldSortIndex", number}});
