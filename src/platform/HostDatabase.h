@@ -56,8 +56,9 @@ public:
     virtual void setNewField(RecordsetHandle handle, std::string_view field, std::string_view value) = 0;
     virtual void saveNewRecord(RecordsetHandle handle) = 0;  ///< the new row is in the set and current
 
-    /// From the start of the set: the first row whose field has this value, both in the field's type (texts compare
-    /// textually). False, and noMatch true, when there is none; the current row then stays.
+    /// From the start of the set: the first row whose field has this value, both in the field's type. Texts compare as their
+    /// column is declared: names without regard to case, identifiers to the letter. False, and noMatch true, when there is
+    /// none; the current row then stays.
     virtual bool findFirst(RecordsetHandle handle, std::string_view field, std::string_view value) = 0;
     virtual bool findNext(RecordsetHandle handle) = 0;  ///< the next match of the same search, behind the current row
     [[nodiscard]] virtual bool noMatch(RecordsetHandle handle) = 0;  ///< the last search found nothing; false before any search
