@@ -1,0 +1,111 @@
+#include "apps/tallowsync/Program.h"
+
+#include "apps/tallowsync/Command.h"
+#include "platform/Errors.h"
+
+#include <algorithm>
+#include <exception>
+#include <new>
+#include <optional>
+
+namespace wmoutlook {
+
+namespace {
+
+constexpr const char* kSummary =
+    "Keeps an accounting firm's address book, appointments and tasks in step with Outlook.\n"
+    "It works on a firm's database (--firm) and an Outlook store (--outlook), two files that 'tallowsync sample' makes up.";
+
+constexpr const char* kClosing =
+    "Results go to standard output, everything else to standard error. 'tallowsync COMMAND --help' explains a command.\n\n"
+    "Exit status: 0 done; 1 done, with failures reported; 2 wrong usage; 3 a file cannot be opened or is not what it should be;\n"
+    "4 ended by the error service.\n\n"
+    "Example:\n"
+    "  tallowsync sample demo\n"
+    "  tallowsync sync --firm demo/firm.db --outlook demo/outlook.db --objects contacts --direction to-outlook --dry-run";
+
+ExitStatus fail(Console& console, std::string_view sentence, ExitStatus status) {
+    tellFailure(console, sentence);
+    return status;
+}
+
+/// What is wrong with the command line, and where it is explained.
+std::string explain(const CLI::App& app, const CLI::ParseError& error) {
+    std::string command = "tallowsync";
+    const CLI::App* line = &app;
+    while (!line->get_subcommands().empty()) {
+        line = line->get_subcommands().front();
+        command += ' ' + line->get_name();
+    }
+    const std::vector<std::string> unread = line->remaining();
+    const bool isUnknownCommand = line->get_require_subcommand_min() > 0 && !unread.empty() && unread[0].rfind('-', 0) != 0;
+    const std::string fault = isUnknownCommand ? "There is no command \"" + unread[0] + "\"" : error.what();
+    return fault + "; '" + command + " --help' explains it";
+}
+
+/// Reads the command line: the action to do, or the exit status when there is nothing left to do.
+std::optional<ExitStatus> parse(CLI::App& app, std::vector<std::string> arguments, Console& console) {
+    std::reverse(arguments.begin(), arguments.end());
+    try {
+        app.parse(std::move(arguments));
+        return std::nullopt;
+    } catch (const CLI::Success& help) {
+        app.exit(help, console.out, console.err);
+        return ExitStatus::done;
+    } catch (const CLI::ParseError& error) {
+        return fail(console, explain(app, error), ExitStatus::wrongUsage);
+    }
+}
+
+ExitStatus perform(const Action& action, Console& console) {
+    try {
+        const ExitStatus status = action(console);
+        console.out.flush();
+        return console.out ? status : fail(console, "The results cannot be written to standard output", ExitStatus::badFile);
+    } catch (const UsageError& error) {
+        return fail(console, error.what(), ExitStatus::wrongUsage);
+    } catch (const std::bad_alloc&) {
+        return fail(console, "There is not enough memory", ExitStatus::badFile);
+    } catch (const std::exception& error) {
+        return fail(console, error.what(), ExitStatus::badFile);
+    }
+}
+
+void declareAll(CLI::App& app, Action& chosen) {
+    app.set_version_flag("--version", "tallowsync 0.1.0");
+    app.footer(kClosing);
+    app.require_subcommand(1);
+    for (const auto commands : {fileCommands(), syncCommands(), outlookCommands()}) addCommands(app, commands, chosen);
+}
+
+}  // namespace
+
+void addCommands(CLI::App& parent, std::span<const Command> commands, Action& chosen) {
+    for (const Command& command : commands) {
+        CLI::App* const line = parent.add_subcommand(std::string{command.name}, std::string{command.summary});
+        line->footer("Example:\n  tallowsync " + std::string{command.example});
+        const Action action = command.declare(*line);
+        if (action) line->final_callback([&chosen, action] { chosen = action; });
+        if (command.below.empty()) continue;
+        line->require_subcommand(1);
+        addCommands(*line, command.below, chosen);
+    }
+}
+
+void tellFailure(Console& console, std::string_view sentence) {
+    std::string line{sentence};
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    while (line.ends_with(' ')) line.pop_back();
+    if (!line.ends_with('.')) line += '.';
+    console.err << "tallowsync: " << line << '\n';
+}
+
+int runTallowsync(std::vector<std::string> arguments, Console& console) {
+    CLI::App app{kSummary, "tallowsync"};
+    Action chosen;
+    declareAll(app, chosen);
+    if (const auto status = parse(app, std::move(arguments), console)) return static_cast<int>(*status);
+    return static_cast<int>(perform(chosen, console));
+}
+
+}  // namespace wmoutlook

@@ -1,0 +1,172 @@
+#include "adapters/outlookstore/OutlookStore.h"
+#include "adapters/outlookstore/StoreListing.h"
+#include "apps/tallowsync/Command.h"
+#include "apps/tallowsync/items/Folders.h"
+#include "apps/tallowsync/items/ItemJson.h"
+
+#include <iomanip>
+#include <map>
+#include <memory>
+
+namespace wmoutlook {
+
+namespace {
+
+using outlook::port::Automation;
+
+/// The store that is named in front of the command.
+std::shared_ptr<Automation> storeOf(const CLI::App& line) {
+    return openOutlookStore(line.get_parent()->get_option("FILE")->as<std::string>());
+}
+
+Action declareGroup(CLI::App& line) {
+    line.add_option("FILE", "The Outlook store")->required();
+    return {};
+}
+
+// folders
+
+Json folderToJson(const outlookstore::ListedFolder& folder) {
+    return {{"path", folder.path},       {"name", folder.name},
+            {"store", folder.storeName}, {"type", folderTypeName(folder.defaultItemType)},
+            {"items", folder.itemCount}, {"EntryID", folder.entryID},
+            {"StoreID", folder.storeID}};
+}
+
+void printFolderLine(const outlookstore::ListedFolder& folder, std::ostream& out) {
+    const std::string name = std::string(static_cast<std::size_t>(folder.depth) * 2, ' ') + folder.path;
+    out << std::left << std::setw(48) << name << "  " << std::setw(8) << folderTypeName(folder.defaultItemType) << std::right
+        << std::setw(8) << folder.itemCount << '\n';
+}
+
+Action declareFolders(CLI::App& line) {
+    const auto asJson = std::make_shared<bool>(false);
+    line.add_flag("--json", *asJson, "Print JSON");
+    return [&line, asJson](Console& console) {
+        const auto store = storeOf(line);
+        Json all = Json::array();
+        for (const auto& folder : outlookstore::listFolders(*store))
+            *asJson ? all.push_back(folderToJson(folder)) : printFolderLine(folder, console.out);
+        if (*asJson) console.out << jsonText(all, 2) << '\n';
+        return ExitStatus::done;
+    };
+}
+
+// add-folder
+
+Action declareAddFolder(CLI::App& line) {
+    const auto path = std::make_shared<std::string>();
+    const auto type = std::make_shared<std::string>();
+    line.add_option("PATH", *path, "The new folder, such as Contacts/Clients; the folder above it exists already")->required();
+    line.add_option("--type", *type, "What it holds: contacts, calendar, tasks or mail")
+        ->required()
+        ->check(CLI::IsMember({"contacts", "calendar", "tasks", "mail"}));
+    return [&line, path, type](Console& console) {
+        const auto store = storeOf(line);
+        console.out << outlookstore::addFolder(*store, *path, folderKind(*type))->entryID() << '\n';
+        return ExitStatus::done;
+    };
+}
+
+// list
+
+/// One element at a time, so that a large folder never lies in memory as a whole.
+void printItemsAsJson(Automation& store, std::optional<std::string_view> folder, std::ostream& out) {
+    const char* separator = "[\n";
+    outlookstore::forEachItem(store, folder, [&](const outlookstore::ListedItem& item) {
+        out << separator << jsonText(itemToJson(item));
+        separator = ",\n";
+    });
+    out << (*separator == '[' ? "[]\n" : "\n]\n");
+}
+
+struct ListOptions {
+    std::optional<std::string> folder;
+    bool asJson = false;
+};
+
+Action declareList(CLI::App& line) {
+    const auto options = std::make_shared<ListOptions>();
+    line.add_option("--folder", options->folder, "Only the items of this folder");
+    line.add_flag("--json", options->asJson, "Print JSON: all that is set, by Outlook's names");
+    return [&line, options](Console& console) {
+        const auto store = storeOf(line);
+        if (options->folder) static_cast<void>(requireFolder(*store, *options->folder));
+        if (options->asJson)
+            printItemsAsJson(*store, options->folder, console.out);
+        else
+            outlookstore::forEachItem(*store, options->folder,
+                                      [&](const auto& item) { console.out << itemToLine(item) << '\n'; });
+        return ExitStatus::done;
+    };
+}
+
+// add
+
+Json readJson(std::istream& in) {
+    try {
+        return Json::parse(in);
+    } catch (const Json::parse_error& error) {  // its own text would show what was read
+        throw InputError{"Standard input is no valid JSON, at byte " + std::to_string(error.byte) +
+                         "; 'tallowsync outlook FILE list --json' shows the shape"};
+    }
+}
+
+ExitStatus addItems(Automation& store, const std::optional<std::string>& folder, Console& console) {
+    if (folder) static_cast<void>(requireFolder(store, *folder));
+    ItemReader reader{store, folder};
+    reader.read(readJson(console.in));
+    for (const std::string& fault : reader.faults()) tellFailure(console, fault);
+    if (!reader.faults().empty()) return ExitStatus::badFile;
+    for (const NewItem& item : reader.items()) console.out << addItem(store, item) << '\n';
+    return ExitStatus::done;
+}
+
+Action declareAdd(CLI::App& line) {
+    const auto folder = std::make_shared<std::optional<std::string>>();
+    line.add_option("--folder", *folder, "Where they go; without it each item goes to the Folder that it names");
+    return [&line, folder](Console& console) { return addItems(*storeOf(line), *folder, console); };
+}
+
+// delete
+
+ExitStatus deleteItems(Automation& store, const std::vector<std::string>& entryIDs) {
+    std::map<std::string, std::shared_ptr<outlook::port::Item>> items;
+    for (const std::string& entryID : entryIDs)
+        items[entryID] = requireItem(store, entryID);  // all of them, before one is deleted
+    for (const auto& [entryID, item] : items) item->remove();
+    return ExitStatus::done;
+}
+
+Action declareDelete(CLI::App& line) {
+    const auto entryIDs = std::make_shared<std::vector<std::string>>();
+    line.add_option("ENTRYID", *entryIDs, "The items, by identifier")->required();
+    return [&line, entryIDs](Console&) { return deleteItems(*storeOf(line), *entryIDs); };
+}
+
+constexpr Command kStoreCommands[] = {
+    {"folders", "Lists the folders of an Outlook store.", "outlook demo/outlook.db folders", declareFolders},
+    {"add-folder", "Adds a folder and prints its identifier.",
+     "outlook demo/outlook.db add-folder Contacts/Clients --type contacts", declareAddFolder},
+    {"list", "Lists items with everything that is set in them.", "outlook demo/outlook.db list --folder Contacts --json",
+     declareList},
+    {"add",
+     "Adds the items that standard input holds as JSON, in the shape that 'list --json' prints, and prints their identifiers. "
+     "When one item is not right, nothing is added.",
+     "outlook demo/outlook.db add --folder Contacts < items.json", declareAdd},
+    {"delete", "Deletes items. When one is not there, nothing is deleted.", "outlook demo/outlook.db delete ENTRYID",
+     declareDelete},
+};
+
+constexpr Command kCommands[] = {
+    {"outlook", "Shows and changes an Outlook store.", "outlook demo/outlook.db list --folder Contacts", declareGroup,
+     kStoreCommands},
+};
+
+}  // namespace
+
+std::span<const Command> outlookCommands() {
+    return kCommands;
+}
+
+}  // namespace wmoutlook

@@ -1,0 +1,72 @@
+#include "apps/tallowsync/items/ItemJson.h"
+
+namespace wmoutlook {
+
+namespace {
+
+using outlook::ItemType;
+using outlook::UserPropertyType;
+using outlookstore::ListedItem;
+using outlookstore::PropertyKind;
+
+Json valueToJson(const Variant& value, PropertyKind kind) {
+    return std::visit(
+        [&](const auto& held) -> Json {
+            using Held = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<Held, std::monostate>)
+                return {};
+            else if constexpr (std::is_same_v<Held, Date>)
+                return kind == PropertyKind::day ? jsonDay(held) : jsonMoment(held);
+            else
+                return held;
+        },
+        value.value());
+}
+
+std::string_view nameOf(ItemType type) {
+    switch (type) {
+        case ItemType::appointment: return "appointment";
+        case ItemType::contact: return "contact";
+        case ItemType::task: return "task";
+        case ItemType::mail: break;
+    }
+    return "mail";
+}
+
+}  // namespace
+
+Json itemToJson(const ListedItem& item) {
+    Json json{{"EntryID", item.entryID},
+              {"StoreID", item.storeID},
+              {"Folder", item.folder},
+              {"Class", static_cast<std::int32_t>(item.itemClass)}};
+    for (const auto& property : item.properties) json[std::string{property.name}] = valueToJson(property.value, property.kind);
+    Json& userProperties = json["UserProperties"] = Json::array();
+    for (const auto& property : item.userProperties)
+        userProperties.push_back({{"name", property.name},
+                                  {"type", static_cast<std::int32_t>(property.type)},
+                                  {"value", valueToJson(property.value, PropertyKind::moment)}});
+    return json;
+}
+
+std::string itemToLine(const ListedItem& item) {
+    std::string title;
+    for (const std::string_view name : {"Subject", "FullName", "FileAs"})  // the last one that is set
+        for (const auto& property : item.properties)
+            if (property.name == name) title = property.value.toText();
+    return item.entryID + "  " + std::string{nameOf(item.type)} + "  " + title;
+}
+
+std::string addItem(outlook::port::Automation& store, const NewItem& item) {
+    const auto added = outlookstore::findFolder(store, item.folder)->items()->add(item.type);
+    for (const auto& [name, value] : item.properties) added->put(name, value);
+    const auto userProperties = added->userProperties();
+    for (const auto& property : item.userProperties) {
+        const auto userProperty = userProperties->add(property.name, property.type, false);
+        if (!property.value.isNull()) userProperty->setValue(property.value);
+    }
+    added->save();
+    return added->get("EntryID").toText();
+}
+
+}  // namespace wmoutlook

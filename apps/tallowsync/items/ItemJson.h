@@ -1,0 +1,58 @@
+#pragma once
+
+#include "adapters/outlookstore/StoreListing.h"
+#include "apps/tallowsync/Json.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// Outlook items as JSON: an object with EntryID, StoreID, Folder, Class (Outlook's number), the properties that are set, by
+/// Outlook's names, and UserProperties.
+namespace wmoutlook {
+
+[[nodiscard]] Json itemToJson(const outlookstore::ListedItem& item);
+/// One line for people: identifier, type of item and its title.
+[[nodiscard]] std::string itemToLine(const outlookstore::ListedItem& item);
+
+/// An item that is to be made, checked against the properties of its type.
+struct NewItem {
+    outlook::ItemType type = outlook::ItemType::contact;
+    std::string folder;
+    std::vector<std::pair<std::string, Variant>> properties;
+    std::vector<outlookstore::ListedUserProperty> userProperties;
+};
+
+/// Reads the shape that itemToJson writes: an array of items or one item alone. Identifiers, and properties that cannot be
+/// written, are read over. Each fault becomes one sentence that says which item and property, never a value.
+class ItemReader {
+public:
+    /// With a folder, all items go there; otherwise each says its own.
+    ItemReader(outlook::port::Automation& store, std::optional<std::string> folder);
+
+    void read(const Json& document);
+    [[nodiscard]] const std::vector<NewItem>& items() const { return items_; }
+    [[nodiscard]] const std::vector<std::string>& faults() const { return faults_; }
+
+private:
+    void readItem(const Json& object);
+    bool chooseFolder(const Json& object, NewItem& item);
+    bool chooseType(const Json& object, NewItem& item);
+    void readProperty(const std::string& name, const Json& value, NewItem& item);
+    void readUserProperties(const Json& values, NewItem& item);
+    void readUserProperty(const Json& value, NewItem& item);
+    void fault(std::string_view sentence);
+
+    outlook::port::Automation& store_;
+    std::optional<std::string> folder_;
+    std::size_t position_ = 0;
+    std::vector<NewItem> items_;
+    std::vector<std::string> faults_;
+};
+
+/// Saves the item and gives its identifier.
+[[nodiscard]] std::string addItem(outlook::port::Automation& store, const NewItem& item);
+
+}  // namespace wmoutlook

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "apps/tallowsync/Console.h"
+#include "apps/tallowsync/run/SyncReport.h"
+#include "apps/tallowsync/run/SyncRequest.h"
+
+namespace wmoutlook {
+
+/// Throws UsageError for a setting that no property of the component takes. Nothing is opened.
+void checkSettings(const SyncRequest& request);
+
+/// Opens both sides, does one run of the component between them and closes them again. Throws UsageError before anything is
+/// written, DatabaseError or OutlookError when a side cannot be opened.
+[[nodiscard]] SyncReport runSync(const SyncRequest& request, Console& console);
+
+}  // namespace wmoutlook

@@ -1,0 +1,89 @@
+#include "tests/tallowsync/ProgramTest.h"
+
+namespace wmoutlook::testing {
+namespace {
+
+class OutlookCommands : public ProgramTest {};
+
+constexpr const char* kItems = R"([
+  {"Class": 40, "FullName": "Zoé Łukaszewska", "FileAs": "Łukaszewska, Zoé", "Birthday": "1980-02-03", "Gender": 1,
+   "ReminderSet": true, "Anniversary": null,
+   "UserProperties": [{"name": "TallowbrookID", "type": 3, "value": null}, {"name": "Since", "type": 5, "value": "2020-01-02T03:04:05"},
+                      {"name": "Fee", "type": 3, "value": 12.5}, {"name": "VIP", "type": 6, "value": true}]},
+  {"FullName": "Luc Racine"}])";
+
+/// What differs from item to item although nobody said so.
+Json asGiven(Json items) {
+    for (Json& item : items)
+        for (const char* key : {"EntryID", "StoreID", "CreationTime", "LastModificationTime"}) item.erase(key);
+    return items;
+}
+
+TEST_F(OutlookCommands, WhatIsAddedIsListedAndCanBeAddedAgainElsewhere) {
+    ASSERT_EQ(outlook({"add-folder", "Contacts/Clients", "--type", "contacts"}).status, 0);
+    ASSERT_EQ(outlook({"add-folder", "Contacts/Copies", "--type", "contacts"}).status, 0);
+    const Result added = outlook({"add", "--folder", "Contacts/Clients"}, kItems);
+    const Json listed = outlook({"list", "--folder", "Contacts/Clients", "--json"}).json();
+    ASSERT_EQ(listed.size(), 2U) << added.err;
+    EXPECT_EQ(added.out, listed[0]["EntryID"].get<std::string>() + "\n" + listed[1]["EntryID"].get<std::string>() + "\n");
+
+    Json expected = Json::parse(kItems)[0];
+    expected.erase("Anniversary");
+    expected["Folder"] = "Contacts/Clients";
+    EXPECT_EQ(nlohmann::json(asGiven(listed)[0]), nlohmann::json(expected));  // in any order
+
+    ASSERT_EQ(outlook({"add", "--folder", "Contacts/Copies"}, listed.dump()).status, 0);
+    Json copies = asGiven(outlook({"list", "--folder", "Contacts/Copies", "--json"}).json());
+    for (Json& copy : copies) copy["Folder"] = "Contacts/Clients";
+    EXPECT_EQ(copies, asGiven(listed));
+}
+
+TEST_F(OutlookCommands, FolderListCountsItsItems) {
+    ASSERT_EQ(outlook({"add-folder", "Tasks/Office", "--type", "tasks"}).status, 0);
+    ASSERT_EQ(outlook({"add", "--folder", "Tasks/Office"}, R"({"Subject": "File the return"})").status, 0);
+    bool isThere = false;
+    for (const Json& listed : outlook({"folders", "--json"}).json()) {
+        if (listed["path"] != "Tasks/Office") continue;
+        isThere = true;
+        EXPECT_EQ(listed["type"], "tasks");
+        EXPECT_EQ(listed["items"], 1);
+    }
+    EXPECT_TRUE(isThere);
+}
+
+TEST_F(OutlookCommands, DeletedItemsAreGoneAndTheOthersStay) {
+    const Json before = outlook({"list", "--json"}).json();
+    ASSERT_EQ(outlook({"delete", before[0]["EntryID"], before[2]["EntryID"], before[0]["EntryID"]}).status, 0);
+    Json expected = before;
+    expected.erase(2);
+    expected.erase(0);
+    EXPECT_EQ(outlook({"list", "--json"}).json(), expected);
+}
+
+TEST_F(OutlookCommands, EmptyFolderIsAnEmptyArray) {
+    EXPECT_EQ(outlook({"list", "--folder", "Drafts", "--json"}).json(), Json::array());
+}
+
+TEST_F(OutlookCommands, EveryCommandExplainsItselfWithAnExample) {
+    for (const std::vector<std::string>& command : {std::vector<std::string>{},
+                                                    {"sample"},
+                                                    {"new-firm"},
+                                                    {"new-outlook"},
+                                                    {"sync"},
+                                                    {"outlook"},
+                                                    {"outlook", "x", "list"},
+                                                    {"outlook", "x", "add"},
+                                                    {"outlook", "x", "folders"},
+                                                    {"outlook", "x", "add-folder"},
+                                                    {"outlook", "x", "delete"}}) {
+        std::vector<std::string> arguments = command;
+        arguments.emplace_back("--help");
+        const Result help = run(arguments);
+        EXPECT_EQ(help.status, 0);
+        EXPECT_NE(help.out.find("Example:\n  tallowsync "), std::string::npos) << help.out;
+        EXPECT_EQ(help.err, "");
+    }
+}
+
+}  // namespace
+}  // namespace wmoutlook::testing
