@@ -9,26 +9,49 @@ namespace {
 
 using Component = clsOutlookSynchronization;
 
-constexpr EnumerationValue kSyncObjects[] = {{"syncContacts", 1}, {"syncAppointments", 2}, {"syncTasks", 3}};
+template <class Enumeration>
+constexpr std::int32_t of(Enumeration value) {
+    return static_cast<std::int32_t>(value);
+}
+
+constexpr EnumerationValue kSyncObjects[] = {{"syncContacts", of(outlookSyncObjectsEnum::syncContacts)},
+                                             {"syncAppointments", of(outlookSyncObjectsEnum::syncAppointments)},
+                                             {"syncTasks", of(outlookSyncObjectsEnum::syncTasks)}};
 constexpr EnumerationValue kSyncType[] = {
-    {"syncBothsWays", 1}, {"syncFromTallowbrookToOutlook", 2}, {"syncFromOutlookToTallowbrook", 3}};
+    {"syncBothsWays", of(outlookSyncTypeEnum::syncBothsWays)},
+    {"syncFromTallowbrookToOutlook", of(outlookSyncTypeEnum::syncFromTallowbrookToOutlook)},
+    {"syncFromOutlookToTallowbrook", of(outlookSyncTypeEnum::syncFromOutlookToTallowbrook)}};
 constexpr EnumerationValue kPriority[] = {
-    {"syncPriorityTallowbrook", 1}, {"syncPriorityOutlook", 2}, {"syncPriorityMostRecentChange", 3}};
-constexpr EnumerationValue kCompanyInformation[] = {{"companyOnly", 0}, {"companyWithDefaultContact", 1}};
-constexpr EnumerationValue kCompanyDisplay[] = {{"companyShowContactName", 0}, {"companyShowCompanyName", 1}};
-constexpr EnumerationValue kContactInformation[] = {{"contactOnly", 0}, {"contactWithCompanyInfo", 1}};
-constexpr EnumerationValue kContactDisplay[] = {{"contactShowContactName", 0}, {"contactShowCompanyName", 1}};
+    {"syncPriorityTallowbrook", of(enumOutlookSyncBothsWaysPriority::syncPriorityTallowbrook)},
+    {"syncPriorityOutlook", of(enumOutlookSyncBothsWaysPriority::syncPriorityOutlook)},
+    {"syncPriorityMostRecentChange", of(enumOutlookSyncBothsWaysPriority::syncPriorityMostRecentChange)}};
+constexpr EnumerationValue kCompanyInformation[] = {
+    {"companyOnly", of(syncCompanyInformationEnum::companyOnly)},
+    {"companyWithDefaultContact", of(syncCompanyInformationEnum::companyWithDefaultContact)}};
+constexpr EnumerationValue kCompanyDisplay[] = {{"companyShowContactName", of(syncCompanyDisplayEnum::companyShowContactName)},
+                                                {"companyShowCompanyName", of(syncCompanyDisplayEnum::companyShowCompanyName)}};
+constexpr EnumerationValue kContactInformation[] = {
+    {"contactOnly", of(syncContactInformationEnum::contactOnly)},
+    {"contactWithCompanyInfo", of(syncContactInformationEnum::contactWithCompanyInfo)}};
+constexpr EnumerationValue kContactDisplay[] = {{"contactShowContactName", of(syncContactDisplayEnum::contactShowContactName)},
+                                                {"contactShowCompanyName", of(syncContactDisplayEnum::contactShowCompanyName)}};
 constexpr EnumerationValue kImportLocation[] = {
-    {"importAllSelectedOutlookContactsIntoBusinessSection", 0},
-    {"importOnlySelectedOutlookContactsIntoBusinessSectioncompanyWithValueBusinessName", 1},
-    {"importAllSelectedOutlookContactsIntoPersonalTaxSection", 2},
-    {"importOnlySelectedOutlookContactsIntoPersonalTaxSectioncompanyWithValueIndividualName", 3},
-    {"importAllSelectedOutlookContactsIntoSpecifiedCategory", 4}};
-constexpr EnumerationValue kCompanyList[] = {{"Tallowbrook", 1}, {"AddressBook", 2}};
+    {"importAllSelectedOutlookContactsIntoBusinessSection",
+     of(importTallowbrookLocationEnum::importAllSelectedOutlookContactsIntoBusinessSection)},
+    {"importOnlySelectedOutlookContactsIntoBusinessSectioncompanyWithValueBusinessName",
+     of(importTallowbrookLocationEnum::importOnlySelectedOutlookContactsIntoBusinessSectioncompanyWithValueBusinessName)},
+    {"importAllSelectedOutlookContactsIntoPersonalTaxSection",
+     of(importTallowbrookLocationEnum::importAllSelectedOutlookContactsIntoPersonalTaxSection)},
+    {"importOnlySelectedOutlookContactsIntoPersonalTaxSectioncompanyWithValueIndividualName",
+     of(importTallowbrookLocationEnum::importOnlySelectedOutlookContactsIntoPersonalTaxSectioncompanyWithValueIndividualName)},
+    {"importAllSelectedOutlookContactsIntoSpecifiedCategory",
+     of(importTallowbrookLocationEnum::importAllSelectedOutlookContactsIntoSpecifiedCategory)}};
+constexpr EnumerationValue kCompanyList[] = {{"Tallowbrook", of(companyListType::Tallowbrook)},
+                                             {"AddressBook", of(companyListType::AddressBook)}};
 
 template <class Enumeration>
 Variant number(Enumeration value) {
-    return static_cast<std::int32_t>(value);
+    return of(value);
 }
 
 /// The enumeration value of this number, also one that has no name: the component then does nothing with it.

@@ -6,6 +6,8 @@
 #include "hostdata/modSettings.h"
 #include "settings/clsINI.h"
 
+#include <optional>
+
 namespace wmoutlook {
 
 namespace {
@@ -65,19 +67,24 @@ void clsOutlookSynchronization::createHelpers() {
     services.random = platform_.random;
     services.messageLoop = platform_.messageLoop;
     settingsFile() = std::make_shared<clsINI>();
-    services.workingFolder = statement([&] { return platform_.newWorkingFolder(); });
+    if (auto folder = statement([&] { return platform_.newWorkingFolder(); })) services.workingFolder = std::move(folder);
     mvarCompanyDuplicateFinderClass = makeCompanyDuplicateFinder();
     mvarContactDuplicateFinderClass = makeContactDuplicateFinder();
 }
 
 void clsOutlookSynchronization::setInitialDateRange() {
     const Date day = today();
-    mvarUseAppointmentDateRange = true;
-    mvarAppointmentSynchDateRangeType = 1;
     mvarApptSynchStartRange = addDays(day, -1);
     mvarApptSynchEndRange = makeDay(civil(day).year, 12, 31);
-    mvarApptSynchDeleteMissingOutlookApptInTallowbrook = false;
-    mvarApptSynchDeleteMissingTallowbrookApptInOutlook = true;
+}
+
+/// Setters of services ignore errors, so that a failing hand-on does not stop the host.
+template <class Body>
+void clsOutlookSynchronization::setService(std::string_view errorTag, Body body) {
+    publicOperation([&] {
+        Routine routine{errorTag, &ExitProgram, Routine::OnFailure::ignore};
+        routine.run(body);
+    });
 }
 
 template <class Handing>
@@ -87,59 +94,53 @@ void clsOutlookSynchronization::handToFinders(Handing handing) const {
 }
 
 void clsOutlookSynchronization::errorClass(std::shared_ptr<ErrorService> service) {
-    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-errorClass", &ExitProgram, Routine::OnFailure::ignore};
-    routine.run([&] {
+    setService("wmoutlooktb.dll-clsOutlookSynchronization-errorClass", [&] {
         setErrorService(service);
         handToFinders([&](DuplicateFinder& finder) { finder.setErrorService(service); });
     });
 }
 
 void clsOutlookSynchronization::MsgboxClass(std::shared_ptr<MessageBoxService> service) {
-    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-MsgboxClass", &ExitProgram, Routine::OnFailure::ignore};
-    routine.run([&] {
+    setService("wmoutlooktb.dll-clsOutlookSynchronization-MsgboxClass", [&] {
         hostServices().messageBoxes = service;
         handToFinders([&](DuplicateFinder& finder) { finder.setMessageBoxService(service); });
     });
 }
 
 void clsOutlookSynchronization::LocaleReference(std::shared_ptr<LocaleService> service) {
-    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-LocaleReference", &ExitProgram, Routine::OnFailure::ignore};
-    routine.run([&] {
+    setService("wmoutlooktb.dll-clsOutlookSynchronization-LocaleReference", [&] {
         hostServices().locale = service;
         if (service) handToFinders([&](DuplicateFinder& finder) { finder.setLocaleService(service); });
     });
 }
 
 void clsOutlookSynchronization::WorkingFolderReference(std::shared_ptr<WorkingFolderService> service) {
-    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-WorkingFolderReference", &ExitProgram, Routine::OnFailure::ignore};
-    routine.run([&] {
+    setService("wmoutlooktb.dll-clsOutlookSynchronization-WorkingFolderReference", [&] {
         hostServices().workingFolder = service;
         if (!service) return;
-        std::string folder = statement([&] { return service->workingFolderPath(); });
-        if (platform_.files) folder = statement([&] { return platform_.files->normalizeFolder(folder); });
-        settingsFile()->filePath(folder + std::string{clsINI::kFileName});
+        // A folder that cannot be told leaves the settings file where it was.
+        const auto folder = statement(
+            [&]() -> std::optional<std::string> { return hostServices().files->normalizeFolder(service->workingFolderPath()); });
+        if (folder) settingsFile()->filePath(*folder + std::string{clsINI::kFileName});
     });
 }
 
 void clsOutlookSynchronization::DatabaseReference(std::shared_ptr<HostDatabase> database) {
-    publicOperation([&] {
-        Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-DatabaseReference", &ExitProgram, Routine::OnFailure::ignore};
-        routine.run([&] {
-            hostServices().database = database;
-            own_.failedToInitialize = database == nullptr;
-            if (!database) {
-                showMessage(kDatabaseMissing, MessageCode::warning);
-                return;
-            }
-            modSettings::initializeNameDisplayType(currentUserID());
-            run_.options.importCategory = modDatabaseFunctions::getBusinessCategoryNum();
-            handToFinders([&](DuplicateFinder& finder) { finder.setDatabase(database); });
-        });
+    setService("wmoutlooktb.dll-clsOutlookSynchronization-DatabaseReference", [&] {
+        hostServices().database = database;
+        own_.failedToInitialize = database == nullptr;
+        if (!database) {
+            showMessage(kDatabaseMissing, MessageCode::warning);
+            return;
+        }
+        if (const auto userID = currentUserID()) modSettings::initializeNameDisplayType(*userID);
+        run_.options.importCategory = modDatabaseFunctions::getBusinessCategoryNum();
+        handToFinders([&](DuplicateFinder& finder) { finder.setDatabase(database); });
     });
 }
 
 void clsOutlookSynchronization::korrisService(std::shared_ptr<HostDatabase> database) {
-    hostServices().database = std::move(database);
+    setService("wmoutlooktb.dll-clsOutlookSynchronization-korrisService", [&] { hostServices().database = std::move(database); });
 }
 
 enumOutlookSyncBothsWaysPriority clsOutlookSynchronization::syncBothsWaysPriority() {

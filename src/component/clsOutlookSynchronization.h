@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace wmoutlook {
 
@@ -45,7 +46,7 @@ public:
     void MsgboxClass(std::shared_ptr<MessageBoxService> service);
     void LocaleReference(std::shared_ptr<LocaleService> service);
     void WorkingFolderReference(std::shared_ptr<WorkingFolderService> service);
-    /// Nothing raises failedToInitializeFlag and, with a message box service, is told to the user.
+    /// A database that is nothing raises failedToInitializeFlag and is told to the user where a message box service is set.
     void DatabaseReference(std::shared_ptr<HostDatabase> database);
     /// Replaces the module-wide database and does nothing else: the finders and the flag keep what they have.
     void korrisService(std::shared_ptr<HostDatabase> database);
@@ -131,7 +132,7 @@ public:
     /// SchemeID stay.
     void resetOutlookSchemeToDefault();
     void openSynchForm();  ///< shows the wizard and returns when it has been closed
-    /// True when an Outlook could be had. Whether a session was logged on tell connectedToOutlook and the events.
+    /// True when an Outlook could be had. connectedToOutlook and the events tell whether there is a session to work with.
     bool startOutlook();
     /// Does one run for the kind of objects chosen. The result says nothing: it is always false.
     bool synchronize();
@@ -180,6 +181,8 @@ private:
 
     void createHelpers();
     void setInitialDateRange();
+    template <class Body>
+    void setService(std::string_view errorTag, Body body);
     template <class Handing>
     void handToFinders(Handing handing) const;
 
@@ -192,7 +195,9 @@ private:
     // clsOutlookSynchronization_Run.cpp
     void showContactsProgress();
     void showAppointmentsProgress();
-    void showDialog(std::shared_ptr<ProgressDialog>& dialog, std::int32_t maximum, void (clsOutlookSynchronization::*start)());
+    using StartHandler = void (clsOutlookSynchronization::*)();
+    void showDialog(std::shared_ptr<ProgressDialog>& dialog, const std::function<std::int32_t()>& maximum, StartHandler start);
+    void endProgress(std::shared_ptr<ProgressDialog>& dialog);
     void syncContactsProgress_StartProgress();
     void syncAppointmentsProgress_StartProgress();
     void SynchronizeAppointmentsOrTasks();

@@ -1,5 +1,7 @@
 #include "component/clsOutlookSynchronization.h"
 
+#include "platform/Errors.h"
+
 #include <optional>
 
 namespace wmoutlook {
@@ -35,12 +37,17 @@ bool clsOutlookSynchronization::startOutlook() {
 
 /// Attaches to a running Outlook, otherwise starts one, which is then this component's to close. Failures are silent.
 void clsOutlookSynchronization::reachOutlook() {
+    const auto reach = [&](std::shared_ptr<outlook::port::Application> (outlook::port::Automation::*way)()) {
+        return quietly([&] {
+            if (!platform_.outlook) throw ObjectNotSet{"Outlook"};
+            run_.outlook.application = outlook::Application{(*platform_.outlook.*way)()};
+            return true;
+        });
+    };
     own_.closeOutlookWhenFinished = false;
-    outlook::Application& application = run_.outlook.application;
-    application = quietly([&] { return outlook::Application{platform_.outlook->getRunning()}; });
-    if (!application.isNothing()) return;
+    if (reach(&outlook::port::Automation::getRunning)) return;
     own_.closeOutlookWhenFinished = true;
-    application = quietly([&] { return outlook::Application{platform_.outlook->createNew()}; });
+    reach(&outlook::port::Automation::createNew);
 }
 
 void clsOutlookSynchronization::logOn() {

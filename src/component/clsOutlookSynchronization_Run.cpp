@@ -42,17 +42,19 @@ bool clsOutlookSynchronization::synchronize() {
 
 /// The bar's maximum is the number of companies, also when contacts are walked.
 void clsOutlookSynchronization::showContactsProgress() {
-    showDialog(run_.contactsProgress, getCompaniesCollectionRecordCount(),
-               &clsOutlookSynchronization::syncContactsProgress_StartProgress);
+    showDialog(
+        run_.contactsProgress, [this] { return getCompaniesCollectionRecordCount(); },
+        &clsOutlookSynchronization::syncContactsProgress_StartProgress);
 }
 
 /// The calendar pass sets the maximum when it knows how many items it has.
 void clsOutlookSynchronization::showAppointmentsProgress() {
-    showDialog(run_.appointmentsProgress, 1, &clsOutlookSynchronization::syncAppointmentsProgress_StartProgress);
+    showDialog(
+        run_.appointmentsProgress, [] { return 1; }, &clsOutlookSynchronization::syncAppointmentsProgress_StartProgress);
 }
 
-void clsOutlookSynchronization::showDialog(std::shared_ptr<ProgressDialog>& dialog, std::int32_t maximum,
-                                           void (clsOutlookSynchronization::*start)()) {
+void clsOutlookSynchronization::showDialog(std::shared_ptr<ProgressDialog>& dialog, const std::function<std::int32_t()>& maximum,
+                                           StartHandler start) {
     const auto shown = statement([&] { return platform_.newProgressDialog(); });
     dialog = shown;
     const auto onDialog = [&](auto operation) {
@@ -67,17 +69,23 @@ void clsOutlookSynchronization::showDialog(std::shared_ptr<ProgressDialog>& dial
     const WindowObject owner = ownerWindow();
     onDialog([&](ProgressDialog& it) { it.setOwner(owner); });
     onDialog([](ProgressDialog& it) { it.setMinimum(0); });
-    onDialog([&](ProgressDialog& it) { it.setMaximum(maximum); });
+    const std::int32_t most = maximum();
+    onDialog([&](ProgressDialog& it) { it.setMaximum(most); });
     onDialog([](ProgressDialog& it) { it.setDisplayOptions(kDisplayOptions); });
     onDialog([](ProgressDialog& it) { it.setIcon(kIcon); });
     onDialog([](ProgressDialog& it) { it.show(true); });  // raises StartProgress and comes back when the run is over
+}
+
+void clsOutlookSynchronization::endProgress(std::shared_ptr<ProgressDialog>& dialog) {
+    closeProgress(dialog);
+    startProgress_.end();  // a dialog that is released has no more to say
 }
 
 void clsOutlookSynchronization::syncContactsProgress_StartProgress() {
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-syncContactsProgress_StartProgress", &ExitProgram};
     routine.run([&] {
         SynchronizeContacts(run_);
-        closeProgress(run_.contactsProgress);
+        endProgress(run_.contactsProgress);
     });
 }
 
@@ -85,7 +93,7 @@ void clsOutlookSynchronization::syncAppointmentsProgress_StartProgress() {
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-syncAppointmentsProgress_StartProgress", &ExitProgram};
     routine.run([&] {
         SynchronizeAppointmentsOrTasks();
-        closeProgress(run_.appointmentsProgress);
+        endProgress(run_.appointmentsProgress);
     });
 }
 
@@ -114,9 +122,10 @@ void clsOutlookSynchronization::openSynchForm() {
     publicOperation([&] {
         Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-openSyncForm", &ExitProgram};
         routine.run([&] {
+            const auto form = statement([&] { return newWizard_ ? newWizard_() : nullptr; });
             statement([&] {
-                if (!newWizard_) throw ObjectNotSet{"wizard form"};
-                newWizard_()->showModal(*this);
+                if (!form) throw ObjectNotSet{"wizard form"};
+                form->showModal(*this);
             });
         });
     });

@@ -66,21 +66,25 @@ private:
         return statement([&] { return companyNum.toInteger(); }, kNoRecord);
     }
 
+    /// The host may put another list into the public field, or none, whenever it gets a turn: each row asks the field.
+    static std::shared_ptr<RecordList> present(const std::shared_ptr<RecordList>& list) {
+        return statement([&] {
+            if (!list) throw ObjectNotSet{"selection list"};
+            return list;
+        });
+    }
+
     template <class Write>
-    void walkRows(const std::shared_ptr<RecordList>& selected, std::string_view query, std::string_view key, std::size_t column,
+    void walkRows(const std::shared_ptr<RecordList>& list, std::string_view query, std::string_view key, std::size_t column,
                   Write write) {
-        const bool isEmpty = statement(
-            [&] {
-                if (!selected) throw ObjectNotSet{"selection list"};
-                return selected->isEmpty();
-            },
-            true);
-        if (isEmpty || !isDatabaseOpen()) return;
+        const auto chosen = present(list);
+        if (!chosen || chosen->isEmpty() || !isDatabaseOpen()) return;
         Recordset rows{query};
         if (!rows.hasRows()) return;
         for (rows.moveFirst(); !rows.isAtEnd(); rows.moveNext()) {
             const std::int32_t number = rows.number(key, kNoRecord);
-            if (selected->find(toText(number), column) != RecordList::kNotFound) write(number, *selected);
+            const auto selected = present(list);
+            if (selected && selected->find(toText(number), column) != RecordList::kNotFound) write(number, *selected);
             if (run_.options.showProgress) stepProgress(run_.contactsProgress);  // the row counts, selected or not
             yieldTwice();
         }

@@ -29,7 +29,7 @@ HostServices& hostServices() {
 }
 
 bool isDatabaseOpen() {
-    return statement([] { return database().isDatabaseOpen(); });
+    return hostServices().database && statement([] { return database().isDatabaseOpen(); });
 }
 
 std::string quoteTextForSql(std::string_view text) {
@@ -48,8 +48,8 @@ std::int32_t firmCountry() {
     return statement([] { return locale().country(); });
 }
 
-std::int32_t currentUserID() {
-    return statement([] { return locale().currentUserID(); }, kNoRecord);
+std::optional<std::int32_t> currentUserID() {
+    return statement([]() -> std::optional<std::int32_t> { return locale().currentUserID(); });
 }
 
 WindowObject ownerWindow() {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,8 +34,8 @@ struct HostServices {
 [[nodiscard]] std::string formatDateForSql(Date date);
 
 [[nodiscard]] std::string applicationName();
-[[nodiscard]] std::int32_t firmCountry();    ///< see namespace country
-[[nodiscard]] std::int32_t currentUserID();  ///< -1 when it cannot be told
+[[nodiscard]] std::int32_t firmCountry();                   ///< see namespace country
+[[nodiscard]] std::optional<std::int32_t> currentUserID();  ///< nothing when the locale service cannot tell
 
 [[nodiscard]] WindowObject ownerWindow();
 

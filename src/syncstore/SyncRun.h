@@ -41,7 +41,7 @@ struct SyncOptions {
     bool apptSynchDeleteMissingTallowbrookApptInOutlook = true;
 };
 
-/// The connection to Outlook: both objects set, or both nothing.
+/// The connection to Outlook. Connected means that a session is there; a logon that failed can leave objects without one.
 struct OutlookSession {
     outlook::Application application;
     outlook::NameSpace nameSpace;

@@ -139,8 +139,59 @@ TEST_F(Connection, NoOutlookAtAllIsSilentAndTellsByTheEvent) {
     open(options);
     EXPECT_FALSE(component->startOutlook());
     EXPECT_FALSE(component->connectedToOutlook());
+    EXPECT_TRUE(component->closeOutlookWhenFinished());
     EXPECT_EQ(events, (Names{"starting", "failed"}));
     EXPECT_TRUE(host.errors->reports.empty());
+}
+
+TEST_F(Connection, OutlookReleasedWhileItLogsOnIsHeldForTheCall) {
+    /// The logon shows a dialog; the host gets a turn and starts anew.
+    class Reentering : public FaultyNameSpace {
+    public:
+        Reentering(std::shared_ptr<port::NameSpace> inner, Faults& none, std::function<void()> turn)
+            : FaultyNameSpace(std::move(inner), none), turn_(std::move(turn)) {}
+        void logon(std::optional<std::string_view> profile, std::optional<std::string_view> password, bool d, bool n) override {
+            turn_();
+            FaultyNameSpace::logon(profile, password, d, n);
+        }
+
+    private:
+        std::function<void()> turn_;
+    };
+    class ReenteringApplication : public FaultyApplication {
+    public:
+        ReenteringApplication(std::shared_ptr<port::Application> inner, Faults& none, std::function<void()> turn)
+            : FaultyApplication(inner, none), inner_(std::move(inner)), none_(none), turn_(std::move(turn)) {}
+        std::shared_ptr<port::NameSpace> getNamespace(std::string_view type) override {
+            return std::make_shared<Reentering>(inner_->getNamespace(type), none_, turn_);
+        }
+
+    private:
+        std::shared_ptr<port::Application> inner_;
+        Faults& none_;
+        std::function<void()> turn_;
+    };
+    class ReenteringAutomation : public port::Automation {
+    public:
+        std::shared_ptr<port::Automation> inner;
+        Faults none;
+        std::function<void()> turn;
+        std::shared_ptr<port::Application> getRunning() override {
+            return std::make_shared<ReenteringApplication>(inner->getRunning(), none, turn);
+        }
+        std::shared_ptr<port::Application> createNew() override { return inner->createNew(); }
+    };
+    const auto automation = std::make_shared<ReenteringAutomation>();
+    automation->inner = host.outlookStore;
+    host.outlookStore = automation;
+    component = host.component();
+    int turns = 0;
+    automation->turn = [&] {
+        if (++turns == 1) component->startOutlook();
+    };
+    EXPECT_TRUE(component->startOutlook());
+    EXPECT_TRUE(component->connectedToOutlook());
+    EXPECT_EQ(turns, 2);
 }
 
 TEST_F(Connection, RefusedLogonGoesToTheHandler) {

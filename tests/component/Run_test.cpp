@@ -29,6 +29,9 @@ TEST_F(Run, DialogIsSetUpShownAndClosed) {
     EXPECT_EQ(host.dialog->maximum, 1);
     EXPECT_EQ(host.dialog->shownValue, 1);
     EXPECT_EQ(host.dialog.use_count(), 1);  // the component has released it
+    const int yields = host.messageLoop->yields;
+    host.dialog->StartProgress.raise();  // and hears of it no more
+    EXPECT_EQ(host.messageLoop->yields, yields);
     EXPECT_EQ(contactItems(*host.outlookStore).size(), 1U);
 }
 
@@ -75,6 +78,11 @@ TEST_F(Run, WizardIsShownForTheInstanceAndItsAbsenceIsAFailure) {
     withWizard.openSynchForm();
     EXPECT_EQ(shownFor, &withWizard);
 
+    const int before = static_cast<int>(host.errors->reports.size());
+    clsOutlookSynchronization withoutForm{host.platform(), [] { return std::unique_ptr<WizardForm>{}; }};
+    withoutForm.openSynchForm();
+    EXPECT_EQ(static_cast<int>(host.errors->reports.size()), before + 1);
+    host.errors->reports.clear();
     component->openSynchForm();
     ASSERT_EQ(host.errors->reports.size(), 1U);
     EXPECT_EQ(host.errors->reports[0].errorTag, "wmoutlooktb.dll-clsOutlookSynchronization-openSyncForm");

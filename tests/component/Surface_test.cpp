@@ -2,6 +2,7 @@
 
 #include "hostdata/HostServices.h"
 #include "hostdata/modDatabaseFunctions.h"
+#include "platform/Errors.h"
 #include "platform/Routine.h"
 #include "settings/clsINI.h"
 #include "tests/support/TestFirm.h"
@@ -62,6 +63,27 @@ TEST_F(Surface, DatabaseBringsTheUsersSettingsAndTheBusinessCategory) {
     host.database->closeRecordset(rows);
     EXPECT_FALSE(component->failedToInitializeFlag());
     EXPECT_TRUE(host.errors->reports.empty());
+}
+
+TEST_F(Surface, ServiceThatCannotAnswerLeavesWhatWasThere) {
+    class Mute : public TestLocale, public WorkingFolderService {
+    public:
+        std::int32_t currentUserID() override { throw Failure{1, "no user"}; }
+        std::string workingFolderPath() override { throw Failure{1, "no folder"}; }
+    };
+    clsOutlookSynchronization component{host.platform()};
+    component.errorClass(host.errors);
+    component.WorkingFolderReference(std::make_shared<TestWorkingFolder>());
+    const auto mute = std::make_shared<Mute>();
+    component.LocaleReference(mute);
+    component.WorkingFolderReference(mute);
+    component.DatabaseReference(host.database);
+    EXPECT_EQ(settingsFile()->filePath(), "/work/Tbinitbd.dni");
+    const RecordsetHandle rows =
+        host.database->openRecordset("SELECT UserGeneralSettings.* FROM UserGeneralSettings;", LockCode::readOnly);
+    EXPECT_FALSE(host.database->hasRows(rows));  // no settings for a user that nobody knows
+    host.database->closeRecordset(rows);
+    EXPECT_TRUE(host.errors->reports.empty());  // setters ignore errors
 }
 
 TEST_F(Surface, MissingDatabaseRaisesTheFlagAndTellsTheUserWhereItCan) {

@@ -118,6 +118,30 @@ TEST_F(ContactPass, ContactsAloneStepABarWhoseMaximumIsTheCountOfCompanies) {
     EXPECT_EQ(host.dialog->messages, (Names{"Synchronizing Outlook information, please wait ...", "Synchronizing Ann"}));
 }
 
+TEST_F(ContactPass, SelectionTakenAwayDuringTheRunIsAFailureAndNoCrash) {
+    /// The host gets a turn after each record and takes the list away in the first.
+    class Taking : public MessageLoop {
+    public:
+        clsOutlookSynchronization* component = nullptr;
+        void yield() override { component->companyCollection = nullptr; }
+    };
+    const auto loop = std::make_shared<Taking>();
+    Platform platform = host.platform();
+    platform.messageLoop = loop;
+    clsOutlookSynchronization watched{platform};
+    loop->component = &watched;
+    watched.errorClass(host.errors);
+    watched.DatabaseReference(host.database);
+    watched.showProgress(false);
+    TestHost::select(
+        watched, {addCompany(*host.database, {{"CompanyName", "Birch"}}), addCompany(*host.database, {{"CompanyName", "Alder"}})},
+        {});
+    watched.startOutlook();
+    watched.synchronize();
+    EXPECT_EQ(fileAs(), Names{"Birch"});
+    EXPECT_EQ(host.errors->reports.back().number, 91);
+}
+
 TEST_F(ContactPass, RecordWhoseRowVanishesUnderTheWalkIsLinkedToNothingWritten) {
     /// The row goes while its link is looked up, between the walk and the write.
     class Vanishing : public FaultyDatabase {

@@ -39,11 +39,10 @@ TEST_F(LookUps, TellWhichNumbersNameARow) {
         const char *table, *key;
         bool (*isValid)(std::int32_t);
     };
-    for (const Case& c :
-         {Case{"Companies", "CompanyID", validCompanyID}, Case{"Contacts", "ContactID", validContactID},
-          Case{"Categories", "CategoryID", validCategoryID}, Case{"Appointments", "AppointmentID", validAppointmentID},
-          Case{"Dockets", "DocketID", validDocketID}, Case{"Tasks", "TaskID", validTaskID},
-          Case{"AccountantFirmInfo", "CompanyID", validFirmID}}) {
+    for (const Case& c : {Case{"Companies", "CompanyID", validCompanyID}, Case{"Contacts", "ContactID", validContactID},
+                          Case{"Categories", "CategoryID", validCategoryID},
+                          Case{"Appointments", "AppointmentID", validAppointmentID}, Case{"Dockets", "DocketID", validDocketID},
+                          Case{"Tasks", "TaskID", validTaskID}, Case{"AccountantFirmInfo", "CompanyID", validFirmID}}) {
         SCOPED_TRACE(c.table);
         const auto id = addRow(*host.database, c.table, c.key, {});
         EXPECT_TRUE(c.isValid(id));

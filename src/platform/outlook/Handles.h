@@ -25,10 +25,17 @@ public:
     void release() { object_.reset(); }
 
 protected:
-    [[nodiscard]] Object& object() const {
-        if (!object_) throw ObjectNotSet{"Outlook"};
-        return *object_;
+    /// One call into the object as a statement. The object is held for the call: a host that gets a turn meanwhile may
+    /// release the handle.
+    template <class Operation>
+    auto call(Operation operation) const {
+        return statement([&] {
+            const auto held = object_;
+            if (!held) throw ObjectNotSet{"Outlook"};
+            return operation(*held);
+        });
     }
+    [[nodiscard]] std::shared_ptr<Object> object() const { return object_; }
 
 private:
     std::shared_ptr<Object> object_;
