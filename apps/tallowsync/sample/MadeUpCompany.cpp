@@ -10,7 +10,7 @@ namespace wmoutlook::sample {
 namespace {
 
 constexpr std::array<std::string_view, 4> kDifficultNames{
-    "Café \"Chez Zoé\" Inc.",  // a search in Outlook by this name has to quote it
+    "Café L'Été chez Zoé Inc.",
     "O'Brien & Fils Ltée",
     "Œuvres L'Étoile inc.",
     "Garçon, Hébert & Associés S.E.N.C.",
