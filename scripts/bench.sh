@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Measures what the contact pass costs beside a hand-written loop and prints a table (docs/performance.md says how to read it).
+#   scripts/bench.sh                      1,000, 10,000 and 100,000 companies, five rounds: some minutes
+#   scripts/bench.sh --guard              only whether a record costs the same at 8,000 companies as at 1,000: seconds
+#   scripts/bench.sh --verify             only whether both sides leave the same items and links
+#   scripts/bench.sh --sizes 1000,20000 --rounds 3 [--folder FOLDER]
+# Fails when a bound is not kept.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+scripts/install.sh bench
+if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}; fi
+mkdir -p build
+if ! { cmake --preset release -B build/bench -DWMOUTLOOK_BENCH=ON -DWMOUTLOOK_TESTS=OFF &&
+    cmake --build build/bench --target wmoutlook_bench; } >build/bench-build.log 2>&1; then
+    tail -n 40 build/bench-build.log >&2
+    echo "bench.sh: the benchmark could not be built" >&2
+    exit 1
+fi
+
+# Files in memory, on one core: what is left is the work itself.
+folder=/dev/shm
+[[ -d $folder && -w $folder ]] || folder=$(mktemp -d) || exit 1
+pin=()
+if command -v taskset >/dev/null; then
+    first_core=$(taskset -cp $$ | sed -E 's/.*: *([0-9]+).*/\1/')
+    pin=(taskset -c "$first_core")
+fi
+"${pin[@]}" build/bench/bin/wmoutlook_bench --folder "$folder" "$@"
