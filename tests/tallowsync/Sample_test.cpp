@@ -244,7 +244,6 @@ TEST_P(SampleFirms, HoldsOneOfEachThingThatIsWorthTrying) {
     };
     for (const Case& c : {
              Case{"Companies", 150},
-             Case{"Companies WHERE CompanyName LIKE '%\"%'", 1},
              Case{"Companies WHERE CompanyName LIKE '%''%'", 1},
              Case{"Companies WHERE CompanyNum IS NOT NULL", 1},
              Case{"Companies WHERE Address IS NULL", 1},
@@ -273,7 +272,8 @@ TEST_P(SampleFirms, HoldsOneOfEachThingThatIsWorthTrying) {
          })
         EXPECT_GE(firm.number("SELECT COUNT(*) FROM " + c.condition), c.atLeast) << c.condition;
     EXPECT_EQ(firm.number("SELECT COUNT(*) FROM Companies WHERE OfficeNumber NOT GLOB '([0-9][0-9][0-9]) 555-01[0-9][0-9]'"), 0);
-    EXPECT_EQ(firm.number("SELECT COUNT(*) FROM Companies WHERE CompanyName LIKE '%\"%'"), 1);
+    // No name with a double quote, by which Outlook cannot search: a run of the sample reports no failure.
+    EXPECT_EQ(firm.number("SELECT COUNT(*) FROM Companies WHERE CompanyName LIKE '%\"%'"), 0);
 }
 
 int countRows(HostDatabase& database, const std::string& condition) {

@@ -74,7 +74,7 @@ TEST_F(SyncCommand, SecondRunUpdatesWhatTheFirstWroteAndCreatesNothing) {
 
 TEST_F(SyncCommand, CreatedItemsAreInTheStoreUnderTheirIdentifiers) {
     EXPECT_EQ(outlook({"add-folder", "Contacts/Clients", "--type", "contacts"}).status, 0);
-    const Json written = sync({"--companies", "1,3", "--folder", "contacts/clients", "--json"}).json()["written"]["outlook"];
+    const Json written = sync({"--companies", "all", "--folder", "contacts/clients", "--json"}).json()["written"]["outlook"];
     std::set<std::string> listed;
     for (const Json& item : outlook({"list", "--folder", "Contacts/Clients", "--json"}).json()) listed.insert(item["EntryID"]);
     const std::set<std::string> created{written["created"].begin(), written["created"].end()};
