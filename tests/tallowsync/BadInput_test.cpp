@@ -36,6 +36,16 @@ protected:
     }
 };
 
+TEST_F(BadInput, RunsThatThisVersionHasNoPassFor) {
+    const auto refuses = [&](const char* objects, const char* direction, const char* way) {
+        expectRefusal(
+            {"sync", "--firm", file("firm.db"), "--outlook", file("outlook.db"), "--objects", objects, "--direction", direction},
+            2, way);
+    };
+    refuses("tasks", "to-outlook", "use --objects contacts");
+    refuses("contacts", "to-host", "use --direction to-outlook");
+}
+
 TEST_F(BadInput, CommandLinesThatAskForWhatCannotBe) {
     struct Case {
         Strings options;

@@ -102,6 +102,14 @@ std::optional<std::string> checkedDataFile(const std::optional<std::string>& ide
     return identifier;
 }
 
+/// A run that the component has no pass for would end well and do nothing: said at once instead.
+void refuseWithoutPass(const SyncRequest& request) {
+    const bool areContacts = request.objects == outlookSyncObjectsEnum::syncContacts;
+    const bool isImport = request.direction == outlookSyncTypeEnum::syncFromOutlookToTallowbrook;
+    if (!areContacts) throw UsageError{"--objects: this version carries contacts only; use --objects contacts"};
+    if (isImport) throw UsageError{"--direction: this version carries contacts to Outlook only; use --direction to-outlook"};
+}
+
 SyncRequest requestOf(const SyncTexts& texts) {
     SyncRequest request;
     request.firm = texts.firm;
@@ -109,6 +117,7 @@ SyncRequest requestOf(const SyncTexts& texts) {
     request.objects = valueOf(kObjectsWords, texts.objects);
     request.direction = valueOf(kDirectionWords, texts.direction);
     request.selection = selectionOf(texts, request);
+    refuseWithoutPass(request);
     request.folder = texts.folder;
     for (const std::string& setting : texts.settings) request.settings.push_back(settingOf(setting));
     request.dataFile = checkedDataFile(texts.dataFile);
