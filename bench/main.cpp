@@ -5,9 +5,9 @@
 #include "bench/Pass.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdio>
-#include <functional>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -158,11 +158,11 @@ std::int32_t numberIn(std::string_view text) {
 
 std::vector<std::int32_t> numbersIn(std::string_view text) {
     std::vector<std::int32_t> numbers;
-    for (std::size_t comma = 0; comma != std::string_view::npos; text.remove_prefix(std::min(text.size(), comma + 1))) {
-        comma = text.find(',');
+    for (std::size_t comma = text.find(','); comma != std::string_view::npos; comma = text.find(',')) {
         numbers.push_back(numberIn(text.substr(0, comma)));
-        if (comma == std::string_view::npos) break;
+        text.remove_prefix(comma + 1);
     }
+    numbers.push_back(numberIn(text));
     return numbers;
 }
 

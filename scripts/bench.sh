@@ -20,7 +20,7 @@ fi
 
 # Files in memory, on one core: what is left is the work itself.
 folder=/dev/shm
-[[ -d $folder && -w $folder ]] || folder=$(mktemp -d) || exit 1
+[[ -d $folder && -w $folder ]] || folder=${TMPDIR:-/tmp}
 pin=()
 if command -v taskset >/dev/null; then
     first_core=$(taskset -cp $$ | sed -E 's/.*: *([0-9]+).*/\1/')
