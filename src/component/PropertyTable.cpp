@@ -225,7 +225,7 @@ std::string expectation(const PublicProperty& property) {
 }
 
 Variant parsed(const PublicProperty& property, std::string_view text) {
-    const Variant given{text};
+    Variant given{text};
     switch (property.kind) {
         case PropertyKind::enumeration:
             for (const EnumerationValue& value : property.enumeration)

@@ -78,8 +78,11 @@ inline constexpr std::array kWhereCompanyIsBlankRows{
     PropertyRow{"BusinessWebSite", property::WebPage},
 };
 
+inline constexpr PropertyRow kBusinessCellRow{"BusinessPhone_Cell", property::Business2TelephoneNumber};
+
 // Companies
 
+inline constexpr PropertyRow kFiledByCompanyRow{"CompanyName", property::FileAs};
 inline constexpr PropertyRow kCompanyNameRow{"CompanyName", property::CompanyName};
 
 inline constexpr std::array kCompanyAddressRows{

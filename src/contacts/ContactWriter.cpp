@@ -54,7 +54,7 @@ bool isWrittenBirthday(Date birthday) {
 }
 
 void writeGenderAndDates(const Recordset& contact, const outlook::Item& item) {
-    item.put(property::Gender, outlookGender(contact.text("Gender")));
+    if (const auto gender = contact.textIfRead("Gender")) item.put(property::Gender, outlookGender(*gender));
 
     const Variant birthday = contact.field("Birthday");
     if (!isNullOrEmpty(birthday) && statement([&] { return isWrittenBirthday(birthday.toDate()); }))
@@ -66,11 +66,26 @@ void writeGenderAndDates(const Recordset& contact, const outlook::Item& item) {
 
 void writeCompanyPhones(const Recordset& contact, const Recordset& company, const outlook::Item& item) {
     for (const PhoneRow& map : kBusinessPhoneRows) {
-        std::string number = contact.text(map.contactField);
-        if (isNullOrEmpty(number)) number = company.text(map.companyField);
-        if (!isNullOrEmpty(number)) item.put(map.property, number);
+        auto number = contact.textIfRead(map.contactField);
+        if (number && isNullOrEmpty(*number)) number = company.textIfRead(map.companyField);
+        if (number && !isNullOrEmpty(*number)) item.put(map.property, *number);
     }
 }
+
+/// E-mail addresses in the order of their slots; not read when one of them could not be read.
+struct EmailAddresses {
+    std::string first, second, third;
+    bool isRead = false;
+
+    EmailAddresses(std::optional<std::string> one, std::optional<std::string> two, std::optional<std::string> three)
+        : isRead(one && two && three) {
+        if (!isRead) return;
+        first = *one;
+        second = *two;
+        third = *three;
+        sortEmailAddresses(first, second, third);
+    }
+};
 
 }  // namespace
 
@@ -99,23 +114,22 @@ std::string ContactWriter::createNewTallowbrookContactInOutlook(std::int32_t con
         if (!contacts.findFirst("ContactID", contactID)) return;
         writeContact(item, contacts, contactID, companyID);
         item.save();
-        written = item.text(property::EntryID);
+        if (const auto saved = item.textIfRead(property::EntryID)) written = *saved;
     });
     return written;
 }
 
 void ContactWriter::writeContact(const outlook::Item& item, const Recordset& contact, std::int32_t contactID,
                                  std::int32_t companyID) const {
-    std::string email1 = contact.text("BusinessEmail");
-    std::string email2 = contact.text("PersonalEmail");
-    std::string email3;  // sorted, but not written for a contact
-    sortEmailAddresses(email1, email2, email3);
+    const EmailAddresses emails{contact.textIfRead("BusinessEmail"), contact.textIfRead("PersonalEmail"), ""};
 
     putAll(kNameRows, contact, item);
     item.put(property::Categories, run_.options.outlookCategory);
     putAll(kPersonRows, contact, item);
-    item.put(property::Email1Address, email1);
-    item.put(property::Email2Address, email2);
+    if (emails.isRead) {  // the third slot is sorted, but not written for a contact
+        item.put(property::Email1Address, emails.first);
+        item.put(property::Email2Address, emails.second);
+    }
     writeGenderAndDates(contact, item);
     if (run_.options.syncContactInformation == syncContactInformationEnum::contactWithCompanyInfo)
         writeBusinessOfContact(item, contact, companyID);
@@ -155,7 +169,7 @@ std::string ContactWriter::createNewTallowbrookCompanyInOutlook(std::int32_t com
         if (!companies.findFirst("CompanyID", companyID)) return;
         writeCompany(item, companies, companyID);
         item.save();
-        written = item.text(property::EntryID);
+        if (const auto saved = item.textIfRead(property::EntryID)) written = *saved;
     });
     return written;
 }
@@ -170,11 +184,11 @@ void ContactWriter::writeCompany(const outlook::Item& item, const Recordset& com
     putAll(kCompanyNumberRows, company, item);
     const std::int32_t contactID = hasPerson ? writeDefaultContact(item, company, companyID) : kNoRecord;
 
-    const std::string companyName = company.text("CompanyName");
-    const bool isFiledByPerson = hasPerson && showsPerson && contactID != kNoRecord;
-    item.put(property::FileAs,
-             isFiledByPerson ? modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false) : companyName);
-    showProgress(companyName);
+    if (hasPerson && showsPerson && contactID != kNoRecord)
+        item.put(property::FileAs, modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false));
+    else
+        put(kFiledByCompanyRow, company, item);
+    showProgress(company.text("CompanyName"));
 }
 
 std::int32_t ContactWriter::writeDefaultContact(const outlook::Item& item, const Recordset& company,
@@ -184,22 +198,22 @@ std::int32_t ContactWriter::writeDefaultContact(const outlook::Item& item, const
     const Recordset contacts{"SELECT Contacts.* FROM Contacts;"};
     if (!contacts.findFirst("ContactID", contactID)) return kNoRecord;
 
-    std::string email1 = company.text("Email");
-    std::string email2 = contacts.text("BusinessEmail");
-    std::string email3 = contacts.text("PersonalEmail");
-    sortEmailAddresses(email1, email2, email3);
+    const EmailAddresses emails{company.textIfRead("Email"), contacts.textIfRead("BusinessEmail"),
+                                contacts.textIfRead("PersonalEmail")};
 
     putAll(kNameRows, contacts, item);
-    item.put(property::Email1Address, email1);
-    item.put(property::Email2Address, email2);
-    item.put(property::Email3Address, email3);
+    if (emails.isRead) {
+        item.put(property::Email1Address, emails.first);
+        item.put(property::Email2Address, emails.second);
+        item.put(property::Email3Address, emails.third);
+    }
     putAll(kPersonRows, contacts, item);
     writeGenderAndDates(contacts, item);
     putAll(kJobRows, contacts, item);
     for (const PropertyRow& map : kWhereCompanyIsBlankRows)
         if (isNullOrEmpty(item.get(map.property))) put(map, contacts, item);
-    item.put(property::Business2TelephoneNumber, contacts.text("BusinessPhone_Cell"));
-    item.put(property::Email2Address, email2);  // written a second time: the block ends with it
+    put(kBusinessCellRow, contacts, item);
+    if (emails.isRead) item.put(property::Email2Address, emails.second);  // a second time: the block ends with it
     return contactID;
 }
 

@@ -10,14 +10,15 @@ namespace wmoutlook {
 
 class Recordset;
 
-/// Writes one host client into one Outlook contact: the item is updated when it can be got, otherwise created. Every mapped
-/// property is overwritten, blank values included; a property of the item that has no host field is left alone.
+/// Writes one host client into one Outlook contact: the item is updated when it can be got, otherwise created. Mapped
+/// properties are overwritten, blank values included, but for dates, the numbers that only fill a gap and the business block
+/// that was not asked for. A property without a host field is left alone, and so is one whose field could not be read.
 class ContactWriter {
 public:
     explicit ContactWriter(SyncRun& run) : run_(run) {}
 
-    // The result is the entry identifier of the saved item, or kNothingWritten when the host's row is gone; the item is not
-    // saved then.
+    // The result is the entry identifier of the saved item, or kNothingWritten when it was not saved: the host's row is gone,
+    // the database is closed, or the routine was left.
 
     static constexpr std::string_view kNothingWritten = "-1";
 

@@ -38,7 +38,8 @@ private:
         }
         const outlook::MAPIFolder folder = run_.outlook.nameSpace.getDefaultFolder(outlook::DefaultFolder::contacts);
         storeID_ = folder.storeID();
-        options.outlookImportFolderEntryID = folder.entryID();
+        const std::string entryID = folder.entryID();
+        if (!entryID.empty()) options.outlookImportFolderEntryID = entryID;
     }
 
     void walkCompanies() {
@@ -84,7 +85,9 @@ private:
         for (rows.moveFirst(); !rows.isAtEnd(); rows.moveNext()) {
             const std::int32_t number = rows.number(key, kNoRecord);
             const auto selected = present(list);
-            if (selected && selected->find(toText(number), column) != RecordList::kNotFound) write(number, *selected);
+            const bool isToWrite =
+                number != kNoRecord && selected && selected->find(toText(number), column) != RecordList::kNotFound;
+            if (isToWrite) write(number, *selected);
             if (run_.options.showProgress) stepProgress(run_.contactsProgress);  // the row counts, selected or not
             yieldTwice();
         }

@@ -40,8 +40,8 @@ std::string formatDateForSql(Date date) {
     return statement([&] { return database().formatDateForSql(date); });
 }
 
-std::string applicationName() {
-    return statement([] { return locale().applicationName(); });
+std::optional<std::string> applicationName() {
+    return statement([]() -> std::optional<std::string> { return locale().applicationName(); });
 }
 
 std::int32_t firmCountry() {

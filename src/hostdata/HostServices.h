@@ -33,9 +33,9 @@ struct HostServices {
 [[nodiscard]] std::string quoteTextForSql(std::string_view text);
 [[nodiscard]] std::string formatDateForSql(Date date);
 
-[[nodiscard]] std::string applicationName();
-[[nodiscard]] std::int32_t firmCountry();                   ///< see namespace country
-[[nodiscard]] std::optional<std::int32_t> currentUserID();  ///< nothing when the locale service cannot tell
+[[nodiscard]] std::optional<std::string> applicationName();  ///< nothing when the locale service cannot tell
+[[nodiscard]] std::int32_t firmCountry();                    ///< see namespace country
+[[nodiscard]] std::optional<std::int32_t> currentUserID();   ///< nothing when the locale service cannot tell
 
 [[nodiscard]] WindowObject ownerWindow();
 

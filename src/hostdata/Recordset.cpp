@@ -59,15 +59,18 @@ bool Recordset::hasRows() const {
     return statement([&] { return database().hasRows(handle_); });
 }
 
+std::optional<bool> Recordset::hasRowsIfTold() const {
+    return statement([&]() -> std::optional<bool> { return database().hasRows(handle_); });
+}
+
 bool Recordset::isAtEnd() const {
     return isPassedOver_ || statement([&] { return database().isEndOfRecordset(handle_); }, true);
 }
 
 bool Recordset::moveFirst() {
-    isPassedOver_ = true;
-    const bool hasRow = statement([&] { return database().moveFirst(handle_); });
+    const auto hasRow = statement([&]() -> std::optional<bool> { return database().moveFirst(handle_); });
     isPassedOver_ = !hasRow;
-    return hasRow;
+    return hasRow.value_or(false);
 }
 
 void Recordset::moveNext() {
@@ -98,7 +101,9 @@ bool Recordset::truth(std::string_view name) const {
 }
 
 bool Recordset::findFirst(std::string_view field, std::string_view value) const {
-    return statement([&] { return database().findFirst(handle_, field, value); });
+    const bool isFound = statement([&] { return database().findFirst(handle_, field, value); });
+    if (isFound) isPassedOver_ = false;
+    return isFound;
 }
 
 bool Recordset::findFirst(std::string_view field, std::int32_t value) const {
@@ -106,11 +111,13 @@ bool Recordset::findFirst(std::string_view field, std::int32_t value) const {
 }
 
 bool Recordset::findNext() const {
-    return statement([&] { return database().findNext(handle_); });
+    const bool isFound = statement([&] { return database().findNext(handle_); });
+    if (isFound) isPassedOver_ = false;
+    return isFound;
 }
 
 bool Recordset::noMatch() const {
-    return statement([&] { return database().noMatch(handle_); }, true);
+    return statement([&] { return database().noMatch(handle_); });
 }
 
 void Recordset::update(std::string_view field, std::string_view value) const {
@@ -134,14 +141,16 @@ void Recordset::save() const {
 }
 
 KeptPosition::KeptPosition(const Recordset& recordset)
-    : database_(hostServices().database),
-      handle_(recordset.handle()),
-      marker_(statement([&] { return database_->saveRecordPosition(handle_); })),
+    : recordset_(recordset),
+      marker_(
+          statement([&]() -> std::optional<RecordMarker> { return recordset.database().saveRecordPosition(recordset.handle_); })),
       exceptionsAtStart_(std::uncaught_exceptions()) {}
 
 KeptPosition::~KeptPosition() noexcept(false) {
-    closingStatement(
-        exceptionsAtStart_, [&] { return database_->restoreRecordPosition(handle_, marker_), true; }, true);
+    if (!marker_) return;
+    // A set that stays on a row of the nested walk would be walked from there again: it counts as being at its end.
+    const auto restore = [&] { return recordset_.database().restoreRecordPosition(recordset_.handle_, *marker_), true; };
+    recordset_.isPassedOver_ = !closingStatement(exceptionsAtStart_, restore, false);
 }
 
 }  // namespace wmoutlook

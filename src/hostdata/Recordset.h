@@ -25,6 +25,8 @@ public:
     [[nodiscard]] RecordsetHandle handle() const { return handle_; }
     [[nodiscard]] std::int32_t recordCount() const;
     [[nodiscard]] bool hasRows() const;
+    /// Nothing when it could not be told: only a set that is known to be empty is a licence to add what is missing.
+    [[nodiscard]] std::optional<bool> hasRowsIfTold() const;
     [[nodiscard]] bool isAtEnd() const;
     bool moveFirst();
     void moveNext();
@@ -50,15 +52,17 @@ public:
     void save() const;
 
 private:
+    friend class KeptPosition;
+
     [[nodiscard]] HostDatabase& database() const;
 
     std::shared_ptr<HostDatabase> database_;
     RecordsetHandle handle_ = kNoRecordset;
-    bool isPassedOver_ = false;  ///< a move was skipped: the set counts as being at its end
+    mutable bool isPassedOver_ = false;  ///< a move was skipped: the set counts as being at its end until a row is found
     int exceptionsAtOpening_ = 0;
 };
 
-/// Puts a recordset back on its row when a nested call that uses the same service is over.
+/// Puts a recordset back on its row when a nested call that uses the same service is over. The recordset outlives it.
 class KeptPosition {
 public:
     explicit KeptPosition(const Recordset& recordset);
@@ -67,9 +71,8 @@ public:
     KeptPosition& operator=(const KeptPosition&) = delete;
 
 private:
-    std::shared_ptr<HostDatabase> database_;
-    RecordsetHandle handle_;
-    RecordMarker marker_;
+    const Recordset& recordset_;
+    std::optional<RecordMarker> marker_;  ///< nothing when the position could not be told
     int exceptionsAtStart_;
 };
 

@@ -56,7 +56,9 @@ enum class ClientActivity : std::int32_t { any = 0, active = 1, inactive = 2 };
 [[nodiscard]] std::string getContactNameDisplayed(std::int32_t contactID, std::int32_t parentContactID, bool forceRelationship);
 [[nodiscard]] std::string getContactNameDisplayedByType(modSettings::ContactNameDisplay type, std::int32_t contactID,
                                                         std::int32_t parentContactID, bool forceRelationship);
-/// The text of a tree node, from the current row of an open recordset with the names' fields.
+// The text of a tree node, from the current row of an open recordset: names from its fields, and for a contact below another
+// one the relationship from the row's FamilyRelationship. No query of its own.
+
 [[nodiscard]] std::string getNodeContactNameDisplayed(const Recordset& contacts, std::int32_t parentContactID,
                                                       bool forceRelationship);
 [[nodiscard]] std::string getNodeCompanyNameDisplayed(const Recordset& companies);
@@ -64,7 +66,7 @@ enum class ClientActivity : std::int32_t { any = 0, active = 1, inactive = 2 };
 // Categories (modDatabaseFunctions_Categories.cpp). The four with a fixed role are found by their code, never by name or
 // number, since users rename them; one that is missing is created.
 
-[[nodiscard]] std::string getMainCategoryName();  ///< "Address Book" when it cannot be read or created
+[[nodiscard]] std::string getMainCategoryName();  ///< "Address Book" when it could not be created
 [[nodiscard]] std::int32_t getMainCategoryNum();
 [[nodiscard]] std::string getBusinessCategoryName();
 [[nodiscard]] std::int32_t getBusinessCategoryNum();

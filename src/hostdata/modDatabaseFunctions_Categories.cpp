@@ -17,14 +17,20 @@ namespace {
 
 using namespace categories;
 
-std::string defaultName(const FixedCategory& category) {
-    return (category.startsWithApplicationName ? applicationName() : std::string{}) + std::string{category.nameEnd};
+/// Nothing when the application cannot be named.
+std::optional<std::string> defaultName(const FixedCategory& category) {
+    if (!category.startsWithApplicationName) return std::string{category.nameEnd};
+    auto name = applicationName();
+    if (name) name->append(category.nameEnd);
+    return name;
 }
 
-std::string defaultDescription(const FixedCategory& category) {
+std::optional<std::string> defaultDescription(const FixedCategory& category) {
     std::string description{category.descriptionStart};
-    if (!category.descriptionEnd.empty()) description.append(applicationName()).append(category.descriptionEnd);
-    return description;
+    if (category.descriptionEnd.empty()) return description;
+    const auto name = applicationName();
+    if (!name) return std::nullopt;
+    return description.append(*name).append(category.descriptionEnd);
 }
 
 struct NewCategory {
@@ -42,7 +48,7 @@ std::int32_t addCategory(const NewCategory& category) {
     categories.set("CategoryDescription", category.description);
     categories.set("CategorySpecialCode", category.code);
     const std::int32_t id = categories.number("CategoryID", kNoRecord);
-    categories.save();
+    if (id != kNoRecord) categories.save();  // a category that nobody can name again is not begun
     return id;
 }
 
@@ -51,13 +57,23 @@ std::string queryByCode(std::string_view wantedFields, std::string_view code) {
            " FROM Categories WHERE CategorySpecialCode = '" + std::string{code} + "';";
 }
 
-std::int32_t findCategoryNum(std::string_view code) {
-    const Recordset categories{queryByCode("Categories.CategoryID", code)};
-    return categories.hasRows() ? categories.number("CategoryID", kNoRecord) : kNoRecord;
+struct Found {
+    std::int32_t id = kNoRecord;
+    bool isMissing = false;  ///< known to have no row; a read that failed does not say so
+};
+
+Found findCategory(const std::string& query) {
+    const Recordset categories{query};
+    const auto isThere = categories.hasRowsIfTold();
+    if (!isThere) return {};
+    return *isThere ? Found{categories.number("CategoryID", kNoRecord), false} : Found{kNoRecord, true};
 }
 
 std::int32_t addFixedCategory(const FixedCategory& category, std::optional<std::int32_t> parent) {
-    return addCategory({std::string{category.code}, defaultName(category), defaultDescription(category), parent});
+    const auto name = defaultName(category);
+    const auto description = defaultDescription(category);
+    if (!name || !description) return kNoRecord;
+    return addCategory({std::string{category.code}, *name, *description, parent});
 }
 
 /// Hangs the child under the root, creating it where it is absent.
@@ -65,7 +81,9 @@ std::int32_t ensureChild(const FixedCategory& category, std::int32_t mainID) {
     {
         const Recordset categories{queryByCode("Categories.CategoryID, Categories.CategoryNum", category.code),
                                    LockCode::updatable};
-        if (categories.hasRows()) {
+        const auto isThere = categories.hasRowsIfTold();
+        if (!isThere) return kNoRecord;
+        if (*isThere) {
             categories.update("CategoryNum", toText(mainID));
             return categories.number("CategoryID", kNoRecord);
         }
@@ -79,7 +97,7 @@ std::int32_t createChild(std::string_view errorTag, const FixedCategory& categor
     routine.run([&] {
         if (!isDatabaseOpen()) return;
         const std::int32_t mainID = getMainCategoryNum();  // a root that had to be created has brought this child along
-        id = ensureChild(category, mainID);
+        if (mainID != kNoRecord) id = ensureChild(category, mainID);
     });
     return id;
 }
@@ -91,27 +109,26 @@ std::int32_t categoryNum(std::string_view errorTag, const FixedCategory& categor
     Routine routine{errorTag};
     routine.run([&] {
         if (!isDatabaseOpen()) return;
-        id = findCategoryNum(category.code);
-        if (id < 0) id = create();
+        const Found found = findCategory(queryByCode("Categories.CategoryID", category.code));
+        id = found.isMissing ? create() : found.id;
     });
     return id;
 }
 
-std::string categoryName(std::string_view errorTag, const FixedCategory& category, Create create) {
+std::string categoryName(std::string_view errorTag, const FixedCategory& category, Create create,
+                         std::string_view whenMissing = {}) {
     std::string name;
     Routine routine{errorTag};
     routine.run([&] {
         if (!isDatabaseOpen()) return;
         const std::string query = queryByCode("Categories.CategoryName", category.code);
-        for (const bool isSecondTry : {false, true}) {
-            {
-                const Recordset categories{query};
-                if (categories.hasRows()) {
-                    name = categories.text("CategoryName");
-                    return;
-                }
-            }
-            if (!isSecondTry) create();
+        for (const bool isCreated : {false, true}) {
+            if (isCreated) create();
+            const Recordset categories{query};
+            const auto isThere = categories.hasRowsIfTold();
+            if (!isThere) return;
+            name = *isThere ? categories.text("CategoryName") : std::string{whenMissing};
+            if (*isThere) return;
         }
     });
     return name;
@@ -125,10 +142,10 @@ std::string stepsOfYear(std::int32_t year) {
     return "SELECT PersonalTaxSteps.* FROM PersonalTaxSteps WHERE PersonalTaxSteps.TaxYear=" + toText(year);
 }
 
-/// False when the year before has no steps.
+/// False when the year before is known to have no steps.
 bool copyStepsOfYearBefore(std::int32_t year) {
     Recordset before{stepsOfYear(year - 1) + " ORDER BY PersonalTaxSteps.SortIndex;"};
-    if (!before.hasRows()) return false;
+    if (before.hasRowsIfTold() == false) return false;
     const Recordset steps{"SELECT PersonalTaxSteps.* FROM PersonalTaxSteps;", LockCode::updatable};
     for (before.moveFirst(); !before.isAtEnd(); before.moveNext()) {
         const std::string sortIndex = before.text("SortIndex");
@@ -172,9 +189,8 @@ void climb(std::int32_t categoryID, IsReached isReached) {
 }  // namespace
 
 std::string getMainCategoryName() {
-    const std::string name =
-        categoryName("Tallowbrook.exe-modDatabaseFunctions-getMainCategoryName", kMain, createNewDefaultMainCategory);
-    return name.empty() ? std::string{kAddressBook} : name;
+    return categoryName("Tallowbrook.exe-modDatabaseFunctions-getMainCategoryName", kMain, createNewDefaultMainCategory,
+                        kAddressBook);
 }
 
 std::int32_t getMainCategoryNum() {
@@ -211,14 +227,14 @@ std::int32_t getPersonalTaxCategoryNum() {
 std::string getDefaultBusinessCategoryName() {
     std::string name;
     Routine routine{"Tallowbrook.exe-modDatabaseFunctions-getDefaultBusinessCategoryName"};
-    routine.run([&] { name = defaultName(kBusiness); });
+    routine.run([&] { name = defaultName(kBusiness).value_or(""); });
     return name;
 }
 
 std::string getDefaultPersonalTaxCategoryName() {
     std::string name;
     Routine routine{"Tallowbrook.exe-modDatabaseFunctions-getDefaultPersonalTaxCategoryName"};
-    routine.run([&] { name = defaultName(kPersonal); });
+    routine.run([&] { name = defaultName(kPersonal).value_or(""); });
     return name;
 }
 
@@ -228,6 +244,7 @@ std::int32_t createNewDefaultMainCategory() {
     routine.run([&] {
         if (!isDatabaseOpen()) return;
         mainID = addFixedCategory(kMain, std::nullopt);
+        if (mainID == kNoRecord) return;
         for (const FixedCategory& child : kChildrenOfMain) ensureChild(child, mainID);
     });
     return mainID;
@@ -252,19 +269,16 @@ std::int32_t getPersonalTaxYearCategory(std::int32_t year) {
         if (!isDatabaseOpen()) return;
         const std::string yearText = toText(year);
         const std::string code = std::string{kTaxYearCode} + yearText;
-        {
-            const Recordset categories{
-                "SELECT Categories.CategorySpecialCode, Categories.CategoryName, Categories.CategoryNum, Categories.CategoryID, "
-                "Categories.CategoryDescription FROM Categories WHERE CategorySpecialCode = '" +
-                code + "';"};
-            if (categories.hasRows()) {
-                id = categories.number("CategoryID", kNoRecord);
-                return;
-            }
-        }
-        const std::int32_t parent = getPersonalTaxCategoryNum();
+        const Found found = findCategory(
+            "SELECT Categories.CategorySpecialCode, Categories.CategoryName, Categories.CategoryNum, Categories.CategoryID, "
+            "Categories.CategoryDescription FROM Categories WHERE CategorySpecialCode = '" +
+            code + "';");
+        id = found.id;
+        const std::int32_t parent = found.isMissing ? getPersonalTaxCategoryNum() : kNoRecord;
+        if (parent == kNoRecord) return;
         id = addCategory({code, yearText,
                           "This category contains all of the Personal Tax clients for the " + yearText + " tax year.", parent});
+        if (id == kNoRecord) return;
         if (!copyStepsOfYearBefore(year)) createDefaultPersonalTaxSteps(year);
     });
     return id;

@@ -3,6 +3,8 @@
 #include "hostdata/HostServices.h"
 #include "platform/Routine.h"
 
+#include <span>
+
 namespace wmoutlook::modDatabaseFunctions {
 
 namespace {
@@ -28,7 +30,8 @@ std::string lookUpText(const LookUp& lookUp, std::int32_t number, std::string_vi
     routine.run([&] {
         if (!isDatabaseOpen()) return;
         const Recordset rows{lookUp.query(number)};
-        text = rows.hasRows() ? rows.text(lookUp.wanted) : std::string{whenMissing};
+        const auto isThere = rows.hasRowsIfTold();
+        if (isThere) text = *isThere ? rows.text(lookUp.wanted) : std::string{whenMissing};
     });
     return text;
 }
@@ -63,8 +66,40 @@ std::string contactLinksOf(std::int32_t companyID) {
            toText(companyID) + ";";
 }
 
+/// A table of a business client's record and what ties it to those before it.
+struct Join {
+    std::string_view table;
+    std::string_view condition;
+};
+
+constexpr Join kServices{"AccountingServices", "ClientData.ClientDataID = AccountingServices.AccountingServiceID"};
+constexpr Join kOptions{"ClientOptions", "ClientData.ClientDataID = ClientOptions.ClientOptionID"};
+constexpr Join kCompanies{"Companies", "ClientData.CompanyIDNum = Companies.CompanyID"};
+constexpr Join kNotes{"CompaniesNotes", "Companies.CompanyID = CompaniesNotes.CompanyNum"};
+
+constexpr Join kCanadianJoins[] = {kServices,
+                                   kOptions,
+                                   {"CorpTaxInfo", "ClientData.ClientDataID = CorpTaxInfo.CorpTaxInfoID"},
+                                   {"LawInfo", "ClientData.ClientDataID = LawInfo.LawInfoID"},
+                                   {"OtherInfo", "ClientData.ClientDataID = OtherInfo.OtherInfoID"},
+                                   {"WSIB_EHTInfo", "ClientData.ClientDataID = WSIB_EHTInfo.WSIB_EHTInfoID"},
+                                   kCompanies,
+                                   kNotes};
+constexpr Join kUnitedStatesJoins[] = {
+    kServices, kOptions, {"ClientUSInfo", "ClientData.ClientDataID = ClientUSInfo.ClientUSInfoID"}, kCompanies, kNotes};
+
+/// The desktop engine wants every join but the last in parentheses.
+std::string joined(std::span<const Join> joins) {
+    std::string text = std::string(joins.size() - 1, '(') + "ClientData";
+    for (std::size_t i = 0; i < joins.size(); ++i) {
+        text.append(" INNER JOIN ").append(joins[i].table).append(" ON ").append(joins[i].condition);
+        if (i + 1 < joins.size()) text += ")";
+    }
+    return text;
+}
+
 std::string activityCondition(bool filtered, ClientActivity activity) {
-    if (activity == ClientActivity::any) return filtered ? "WHERE ClientData.ShowThisClient = True " : "";
+    if (activity == ClientActivity::any) return {};
     const std::string shown = filtered ? "ClientData.ShowThisClient = True AND " : "";
     return "WHERE " + shown + (activity == ClientActivity::inactive ? "NOT " : "") + "ClientData.ActiveStatus=1 ";
 }
@@ -198,23 +233,14 @@ std::string getMainBusinessSQLString(bool filtered, ClientActivity activity, std
     Routine routine{"Tallowbrook.exe-modDatabaseFunctions-getMainBusinessSQLString"};
     routine.run([&] {
         const bool isCanada = firmCountry() == country::kCanada;
-        const std::string tables = isCanada ? "CorpTaxInfo.*, LawInfo.*, OtherInfo.*, WSIB_EHTInfo.*" : "ClientUSInfo.*";
-        const std::string joins = isCanada ? "INNER JOIN CorpTaxInfo ON ClientData.ClientDataID = CorpTaxInfo.CorpTaxInfoID "
-                                             "INNER JOIN LawInfo ON ClientData.ClientDataID = LawInfo.LawInfoID "
-                                             "INNER JOIN OtherInfo ON ClientData.ClientDataID = OtherInfo.OtherInfoID "
-                                             "INNER JOIN WSIB_EHTInfo ON ClientData.ClientDataID = WSIB_EHTInfo.WSIB_EHTInfoID "
-                                           : "INNER JOIN ClientUSInfo ON ClientData.ClientDataID = ClientUSInfo.ClientUSInfoID ";
-        query = "SELECT AccountingServices.*, ClientData.*, ClientOptions.*, Companies.*, " + tables +
-                ", CompaniesNotes.BusinessNotes, CompaniesNotes.ContactNotes FROM ClientData "
-                "INNER JOIN AccountingServices ON ClientData.ClientDataID = AccountingServices.AccountingServiceID "
-                "INNER JOIN ClientOptions ON ClientData.ClientDataID = ClientOptions.ClientOptionID " +
-                joins +
-                "INNER JOIN Companies ON ClientData.CompanyIDNum = Companies.CompanyID "
-                "INNER JOIN CompaniesNotes ON Companies.CompanyID = CompaniesNotes.CompanyNum ";
+        query = "SELECT AccountingServices.*, ClientData.*, ClientOptions.*, Companies.*, ";
+        query += isCanada ? "CorpTaxInfo.*, LawInfo.*, OtherInfo.*, WSIB_EHTInfo.*" : "ClientUSInfo.*";
+        query += ", CompaniesNotes.BusinessNotes, CompaniesNotes.ContactNotes FROM ";
+        query += isCanada ? joined(kCanadianJoins) : joined(kUnitedStatesJoins);
         if (clientDataID >= 0)
             query += " AND ClientData.ClientDataID=" + toText(clientDataID);
         else
-            query.append(activityCondition(filtered, activity)).append(orderByCompanyName());
+            query.append(" ").append(activityCondition(filtered, activity)).append(orderByCompanyName());
     });
     return query;
 }

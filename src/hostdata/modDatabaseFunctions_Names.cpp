@@ -80,9 +80,16 @@ std::string trimmedText(const Recordset& row, std::string_view field) {
     return std::string{trimmed(row.text(field))};
 }
 
+/// The walks of the trees carry no names of spouses.
+Names readNamesOfOne(const Recordset& row) {
+    return {
+        trimmedText(row, "FirstName"), trimmedText(row, "LastName"), trimmedText(row, "DisplayName"), "", "", SpouseShown::none};
+}
+
 Names readNames(const Recordset& row) {
-    Names names{trimmedText(row, "FirstName"),       trimmedText(row, "LastName"),       trimmedText(row, "DisplayName"),
-                trimmedText(row, "SpouseFirstName"), trimmedText(row, "SpouseLastName"), SpouseShown::none};
+    Names names = readNamesOfOne(row);
+    names.spouseFirst = trimmedText(row, "SpouseFirstName");
+    names.spouseLast = trimmedText(row, "SpouseLastName");
     const bool isShown = row.number("ContactPersonalTaxDisplayType", 0) == kShowWithSpouse && !names.spouseFirst.empty();
     if (isShown) {
         const bool isSameFamily = !names.spouseLast.empty() && upperCase(names.spouseLast) == upperCase(names.last);
@@ -91,18 +98,24 @@ Names readNames(const Recordset& row) {
     return names;
 }
 
-/// " (Daughter)", or nothing when there is no relationship to show.
-std::string relationshipInBrackets(std::int32_t contactID, std::int32_t parentContactID, bool forceRelationship) {
-    const bool isWanted = forceRelationship || modSettings::nameDisplay().family == modSettings::kShowFamilyRelationship;
-    if (parentContactID < 0 || !isWanted) return {};
+bool isRelationshipWanted(std::int32_t parentContactID, bool forceRelationship) {
+    const bool isChosen = modSettings::nameDisplay().family == modSettings::kShowFamilyRelationship;
+    return parentContactID >= 0 && (forceRelationship || isChosen);
+}
+
+/// " (Daughter)" from a row of links, or nothing when it says no relationship.
+std::string inBrackets(const Recordset& link) {
+    const std::string relationship = link.text("FamilyRelationship");
+    if (ValueHelper::isNullOrEmpty(relationship) || relationship == kNotSpecified) return {};
+    return " (" + relationship + ")";
+}
+
+std::string relationshipTo(std::int32_t parentContactID, std::int32_t contactID) {
     const Recordset links{
         "SELECT ContactLinks.ContactIDNum, ContactLinks.ContactNum, ContactLinks.FamilyRelationship FROM ContactLinks "
         "WHERE ContactLinks.ContactNum = " +
         toText(parentContactID) + ";"};
-    if (!links.findFirst("ContactIDNum", contactID)) return {};
-    const std::string relationship = links.text("FamilyRelationship");
-    if (ValueHelper::isNullOrEmpty(relationship) || relationship == kNotSpecified) return {};
-    return " (" + relationship + ")";
+    return links.findFirst("ContactIDNum", contactID) ? inBrackets(links) : std::string{};
 }
 
 }  // namespace
@@ -130,7 +143,7 @@ std::string getContactNameDisplayedByType(ContactNameDisplay type, std::int32_t 
             toText(contactID) + ";"};
         if (!contacts.hasRows()) return;
         name = nameText(readNames(contacts), type);
-        name += relationshipInBrackets(contactID, parentContactID, forceRelationship);
+        if (isRelationshipWanted(parentContactID, forceRelationship)) name += relationshipTo(parentContactID, contactID);
     });
     return name;
 }
@@ -139,8 +152,8 @@ std::string getNodeContactNameDisplayed(const Recordset& contacts, std::int32_t 
     std::string name;
     Routine routine{"Tallowbrook.exe-modDatabaseFunctions-getNodeContactNameDisplayed"};
     routine.run([&] {
-        name = nameText(readNames(contacts), modSettings::nameDisplay().contactName);
-        name += relationshipInBrackets(contacts.number("ContactIDNum", kNoRecord), parentContactID, forceRelationship);
+        name = nameText(readNamesOfOne(contacts), modSettings::nameDisplay().contactName);
+        if (isRelationshipWanted(parentContactID, forceRelationship)) name += inBrackets(contacts);
     });
     return name;
 }

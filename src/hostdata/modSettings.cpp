@@ -24,7 +24,7 @@ std::int32_t userSetting(std::string_view errorTag, std::string_view field, std:
                                   " FROM UserGeneralSettings WHERE UserIDNum=" + toText(userID) + ";";
         {
             const Recordset settings{query, LockCode::updatable};
-            if (!settings.hasRows()) {
+            if (settings.hasRowsIfTold() == false) {
                 settings.addNew();
                 settings.set("UserIDNum", toText(userID));
                 settings.save();

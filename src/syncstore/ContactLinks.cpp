@@ -19,34 +19,25 @@ constexpr std::int32_t kSameName = 1;
 constexpr std::int32_t kNormalisedName = 2;
 constexpr std::int32_t kTolerant = 3;
 
+/// A host number; nothing when none was found.
+using Number = std::optional<std::int32_t>;
+
 std::string todayAsText() {
     return toIsoText(today());
 }
 
-template <class Finder>
-Finder& required(const std::shared_ptr<Finder>& finder) {
-    if (!finder) throw ObjectNotSet{"duplicate finder"};
-    return *finder;
-}
-
-/// The entry identifier of the item in the folder that is filed under the name; empty when there is none.
-std::string entryIDFiledUnder(const outlook::Items& items, const std::string& name) {
+/// The entry identifier of the item in the folder that is filed under the name; nothing when there is none.
+std::optional<std::string> entryIDFiledUnder(const outlook::Items& items, const std::string& name) {
     const outlook::Item item = items.find("[FileAs] = \"" + name + "\"");
-    return item.isNothing() ? std::string{} : item.text(property::EntryID);
+    if (item.isNothing()) return std::nullopt;
+    return item.text(property::EntryID);
 }
 
 outlook::Items defaultContacts(const SyncRun& run) {
     return run.outlook.nameSpace.getDefaultFolder(outlook::DefaultFolder::contacts).items();
 }
 
-/// The number that a finder has found, unless its found-test fails.
-template <class IsFound, class FoundNumber>
-std::optional<std::int32_t> numberIfFound(IsFound isFound, FoundNumber foundNumber) {
-    if (!statement(isFound)) return std::nullopt;
-    return statement([&]() -> std::optional<std::int32_t> { return foundNumber(); });
-}
-
-std::optional<std::int32_t> searchCompany(CompanyDuplicateFinder& finder, const outlook::Item& item) {
+Number searchCompany(CompanyDuplicateFinder& finder, const outlook::Item& item) {
     statement([&] { finder.clear(); });
     const std::string name = item.text(property::CompanyName);
     if (!ValueHelper::isNullOrEmpty(name)) statement([&] { finder.setCompanyName(name); });
@@ -55,16 +46,16 @@ std::optional<std::int32_t> searchCompany(CompanyDuplicateFinder& finder, const 
     for (const std::int32_t kind : {kSameName, kNormalisedName}) {  // a blank name does not stop the passes
         statement([&] { finder.setSearchKind(kind); });
         statement([&] { finder.search(); });
-        const auto found = numberIfFound([&] { return finder.isFound(); }, [&] { return finder.foundNumber(); });
-        if (found) return found;
+        if (statement([&] { return finder.isFound(); })) return statement([&] { return Number{finder.foundNumber()}; });
     }
     statement([&] { finder.setLookAtInactiveClients(true); });
     statement([&] { finder.setSearchKind(kTolerant); });
     statement([&] { finder.search(); });
-    return numberIfFound([&] { return finder.isFoundTolerantly(); }, [&] { return finder.tolerantlyFoundNumber(); });
+    if (!statement([&] { return finder.isFoundTolerantly(); })) return std::nullopt;
+    return statement([&] { return Number{finder.tolerantlyFoundNumber()}; });
 }
 
-std::optional<std::int32_t> searchContact(ContactDuplicateFinder& finder, const outlook::Item& item) {
+Number searchContact(ContactDuplicateFinder& finder, const outlook::Item& item) {
     using Give = void (ContactDuplicateFinder::*)(std::string_view);
     struct Row {
         std::string_view property;
@@ -82,7 +73,8 @@ std::optional<std::int32_t> searchContact(ContactDuplicateFinder& finder, const 
     statement([&] { finder.setLookAtInactiveClients(true); });  // one pass, also when no name was given
     statement([&] { finder.setSearchKind(kTolerant); });
     statement([&] { finder.search(); });
-    return numberIfFound([&] { return finder.isFound(); }, [&] { return finder.foundNumber(); });
+    if (!statement([&] { return finder.isFound(); })) return std::nullopt;
+    return statement([&] { return Number{finder.foundNumber()}; });
 }
 
 }  // namespace
@@ -109,7 +101,8 @@ std::string ContactLinks::getOutlookIDFromTallowbrookCompanyID(std::int32_t comp
     routine.run([&] {
         if (!isDatabaseOpen() || findOutlookID(HostField::companyNum, companyID, storeID, entryID)) return;
         const outlook::Items contacts = defaultContacts(run_);
-        entryID = entryIDFiledUnder(contacts, modDatabaseFunctions::getCompanyNameFromCompanyID(companyID));
+        const std::string name = modDatabaseFunctions::getCompanyNameFromCompanyID(companyID);
+        entryID = entryIDFiledUnder(contacts, name).value_or("");
     });
     return entryID;
 }
@@ -120,31 +113,37 @@ std::string ContactLinks::getOutlookIDFromTallowbrookContactID(std::int32_t cont
     routine.run([&] {
         if (!isDatabaseOpen() || findOutlookID(HostField::contactNum, contactID, storeID, entryID)) return;
         const outlook::Items contacts = defaultContacts(run_);
-        entryID = entryIDFiledUnder(contacts, modDatabaseFunctions::getContactNameFromContactID(contactID));
-        if (!entryID.empty()) return;
-        const std::string displayed = modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false);
-        entryID = entryIDFiledUnder(contacts, displayed);
+        auto found = entryIDFiledUnder(contacts, modDatabaseFunctions::getContactNameFromContactID(contactID));
+        if (!found)
+            found = entryIDFiledUnder(contacts, modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false));
+        entryID = found.value_or("");
     });
     return entryID;
 }
 
-std::optional<std::int32_t> ContactLinks::findHostNumber(HostField field, std::string_view entryID,
-                                                         std::string_view storeID) const {
+/// The number is given by reference, so that it is kept when the close of the set leaves the routine.
+void ContactLinks::findHostNumber(HostField field, std::string_view entryID, std::string_view storeID,
+                                  std::optional<std::int32_t>& number) const {
     const Recordset links{linksOf(storeID)};
-    if (!links.findFirst("OutlookID", entryID)) return std::nullopt;
-    const Variant number = links.field(nameOf(field));
-    if (ValueHelper::isNullOrEmpty(number)) return std::nullopt;
-    return statement([&]() -> std::optional<std::int32_t> { return number.toInteger(); });
+    if (!links.findFirst("OutlookID", entryID)) return;
+    const Variant value = links.field(nameOf(field));
+    if (!ValueHelper::isNullOrEmpty(value)) number = statement([&] { return Number{value.toInteger()}; });
 }
 
-template <class Search>
-std::optional<std::int32_t> ContactLinks::findHostRecord(HostField field, std::string_view entryID, std::string_view storeID,
-                                                         bool useDuplicateFinder, Search search) const {
-    if (!isDatabaseOpen()) return std::nullopt;
-    if (const auto number = findHostNumber(field, entryID, storeID)) return number;
-    const outlook::Item item = run_.outlook.nameSpace.findItemFromID(entryID, storeID);
-    if (!useDuplicateFinder || item.isNothing()) return std::nullopt;
-    return statement([&] { return search(item); });
+template <class Finder>
+void ContactLinks::findHostRecord(const LinkSearch& wanted, const std::shared_ptr<Finder>& finder,
+                                  std::optional<std::int32_t> (*search)(Finder&, const outlook::Item&),
+                                  std::optional<std::int32_t>& number) const {
+    if (!isDatabaseOpen()) return;
+    findHostNumber(wanted.field, wanted.entryID, wanted.storeID, number);
+    if (number) return;
+    const outlook::Item item = run_.outlook.nameSpace.findItemFromID(wanted.entryID, wanted.storeID);
+    if (!wanted.useDuplicateFinder || item.isNothing()) return;
+    const auto held = finder;  // the host may put another one into the public field meanwhile
+    number = statement([&] {
+        if (!held) throw ObjectNotSet{"duplicate finder"};
+        return search(*held, item);
+    });
 }
 
 std::int32_t ContactLinks::getTallowbrookCompanyIDFromOutlookID(std::string_view entryID, std::string_view storeID,
@@ -152,9 +151,8 @@ std::int32_t ContactLinks::getTallowbrookCompanyIDFromOutlookID(std::string_view
     std::optional<std::int32_t> companyID;
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-getTallowbrookCompanyIDFromOutlookID", &run_.ExitProgram};
     routine.run([&] {
-        companyID = findHostRecord(HostField::companyNum, entryID, storeID, useDuplicateFinder, [&](const outlook::Item& item) {
-            return searchCompany(required(run_.companyDuplicateFinder), item);
-        });
+        findHostRecord({HostField::companyNum, entryID, storeID, useDuplicateFinder}, run_.companyDuplicateFinder, searchCompany,
+                       companyID);
     });
     isNew = !companyID;
     return companyID.value_or(kNoRecord);
@@ -165,9 +163,8 @@ std::int32_t ContactLinks::getTallowbrookContactIDFromOutlookID(std::string_view
     std::optional<std::int32_t> contactID;
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-getTallowbrookContactIDFromOutlookID", &run_.ExitProgram};
     routine.run([&] {
-        contactID = findHostRecord(HostField::contactNum, entryID, storeID, useDuplicateFinder, [&](const outlook::Item& item) {
-            return searchContact(required(run_.contactDuplicateFinder), item);
-        });
+        findHostRecord({HostField::contactNum, entryID, storeID, useDuplicateFinder}, run_.contactDuplicateFinder, searchContact,
+                       contactID);
     });
     isNew = !contactID;
     return contactID.value_or(kNoRecord);

@@ -44,14 +44,22 @@ private:
     /// The field of the link row that holds the host's number.
     enum class HostField { companyNum, contactNum };
 
+    struct LinkSearch {
+        HostField field;
+        std::string_view entryID;
+        std::string_view storeID;
+        bool useDuplicateFinder;
+    };
+
     static std::string_view nameOf(HostField field);
     [[nodiscard]] std::string linksOf(std::string_view storeID) const;
     [[nodiscard]] bool findOutlookID(HostField field, std::int32_t number, std::string_view storeID, std::string& entryID) const;
-    [[nodiscard]] std::optional<std::int32_t> findHostNumber(HostField field, std::string_view entryID,
-                                                             std::string_view storeID) const;
-    template <class Search>
-    [[nodiscard]] std::optional<std::int32_t> findHostRecord(HostField field, std::string_view entryID, std::string_view storeID,
-                                                             bool useDuplicateFinder, Search search) const;
+    void findHostNumber(HostField field, std::string_view entryID, std::string_view storeID,
+                        std::optional<std::int32_t>& number) const;
+    template <class Finder>
+    void findHostRecord(const LinkSearch& wanted, const std::shared_ptr<Finder>& finder,
+                        std::optional<std::int32_t> (*search)(Finder&, const outlook::Item&),
+                        std::optional<std::int32_t>& number) const;
     void saveByHostNumber(HostField field, std::int32_t number, std::string_view entryID, std::string_view storeID) const;
     void saveByEntryID(HostField field, std::string_view entryID, std::string_view storeID, std::int32_t number) const;
     void addLink(const Recordset& links, HostField field, std::int32_t number, std::string_view entryID,

@@ -14,16 +14,17 @@ ProgressDialog& shown(const std::shared_ptr<ProgressDialog>& dialog) {
 
 }  // namespace
 
-void showProgressMessage(const std::shared_ptr<ProgressDialog>& dialog, std::string_view message) {
+void showProgressMessage(std::shared_ptr<ProgressDialog> dialog, std::string_view message) {
     statement([&] { shown(dialog).setMessage(message); });
 }
 
-void stepProgress(const std::shared_ptr<ProgressDialog>& dialog) {
+void stepProgress(std::shared_ptr<ProgressDialog> dialog) {
     statement([&] { shown(dialog).setValue(shown(dialog).value() + 1); });
 }
 
 void closeProgress(std::shared_ptr<ProgressDialog>& dialog) {
-    statement([&] { shown(dialog).close(); });
+    const auto held = dialog;
+    statement([&] { shown(held).close(); });
     dialog.reset();
 }
 

@@ -71,11 +71,11 @@ struct SyncRun {
     Event<ScheduleEntryRequest&> createNewScheduleEntryFromTask;  ///< an Outlook task is to become a schedule entry
 };
 
-// Each of the following is a statement of the current routine; on a dialog that is nothing it fails.
+// Each of the following is a statement of the current routine, which holds the dialog; on a dialog that is nothing it fails.
 
-void showProgressMessage(const std::shared_ptr<ProgressDialog>& dialog, std::string_view message);
+void showProgressMessage(std::shared_ptr<ProgressDialog> dialog, std::string_view message);
 /// Adds one to the bar's value without comparing it with the maximum: a walk steps for rows outside the selection too.
-void stepProgress(const std::shared_ptr<ProgressDialog>& dialog);
+void stepProgress(std::shared_ptr<ProgressDialog> dialog);
 void closeProgress(std::shared_ptr<ProgressDialog>& dialog);  ///< closes and releases it
 
 }  // namespace wmoutlook

@@ -1,4 +1,5 @@
 #include "tests/hostdata/HostDataTest.h"
+#include "tests/support/FaultyDatabase.h"
 
 namespace wmoutlook::testing {
 namespace {
@@ -87,6 +88,30 @@ TEST_F(Categories, WalksClimbToTheRootAndSurviveACircle) {
     }
     EXPECT_FALSE(doesThisCategoryBelongToCategory(below, getMainCategoryNum()));
     EXPECT_EQ(getPersonalTaxYearFromCategoryID(below), kNoRecord);
+}
+
+TEST_F(Categories, AnyOneFailingCallNeverDoublesWhatIsThere) {
+    const auto requests = [] {
+        (void)getMainCategoryName();
+        (void)getMainCategoryNum();
+        (void)getPersonalTaxYearCategory(2025);
+        modSettings::initializeNameDisplayType(1);
+    };
+    requests();
+    const Lines before = all();
+    Faults faults;
+    hostServices().database = std::make_shared<FaultyDatabase>(host.database, faults);
+    int call = 0;
+    for (bool isClean = false; !isClean; isClean = faults.failed == 0) {
+        faults = {};
+        faults.failOnce(++call);
+        requests();
+        SCOPED_TRACE("call " + std::to_string(call) + " (" + faults.firstFailed + ")");
+        ASSERT_EQ(all(), before);
+        ASSERT_EQ(rows("SELECT UserGeneralSettings.* FROM UserGeneralSettings;", {"UserIDNum"}), Lines{"1"});
+        ASSERT_EQ(rows("SELECT PersonalTaxSteps.* FROM PersonalTaxSteps;", {"TaxYear"}).size(), 12U);
+    }
+    EXPECT_GT(call, 30);
 }
 
 }  // namespace

@@ -98,11 +98,18 @@ TEST_F(NameDisplay, CompanyNodesFollowTheUsersChoice) {
     }
 }
 
-TEST_F(NameDisplay, ContactNodeReadsTheRowOfTheWalk) {
-    addContact(*host.database, {{"FirstName", "Ann"}, {"LastName", "Birch"}});
+TEST_F(NameDisplay, ContactNodeReadsTheRowOfTheWalkAndNothingElse) {
+    const auto parent = addContact(*host.database, {{"DisplayName", "Max"}});
+    const auto child = addContact(*host.database, {{"FirstName", "Ann"}, {"LastName", "Birch"}, {"SpouseFirstName", "Bob"}});
+    addRow(*host.database, "ContactLinks", "",
+           {{"ContactNum", toText(parent)}, {"ContactIDNum", toText(child)}, {"FamilyRelationship", "Daughter"}});
     choose(3, 0, 0);
-    const Recordset contacts{"SELECT Contacts.*, Contacts.ContactID AS ContactIDNum FROM Contacts;"};
-    EXPECT_EQ(getNodeContactNameDisplayed(contacts, kNoRecord, false), "Birch, Ann");
+    const Recordset links{
+        "SELECT ContactLinks.*, Contacts.FirstName, Contacts.LastName, Contacts.DisplayName FROM ContactLinks "
+        "INNER JOIN Contacts ON ContactLinks.ContactIDNum = Contacts.ContactID;"};
+    EXPECT_EQ(getNodeContactNameDisplayed(links, kNoRecord, true), "Birch, Ann");
+    EXPECT_EQ(getNodeContactNameDisplayed(links, parent, true), "Birch, Ann (Daughter)");
+    EXPECT_TRUE(host.errors->reports.empty());
 }
 
 }  // namespace

@@ -90,8 +90,17 @@ TEST_F(RecordsetFailures, KeptPositionSurvivesANestedSearch) {
         {
             const KeptPosition kept{rows};
             rows.findFirst("CompanyName", "Alder");
+            hostServices().database = nullptr;  // the recordset keeps its own
         }
         EXPECT_EQ(rows.text("CompanyName"), "Birch");
+        {
+            const KeptPosition kept{rows};
+            failFromNextCallOn();
+        }
+        faults = {};
+        EXPECT_TRUE(rows.isAtEnd());  // a nested walk's row is not walked on from
+        EXPECT_TRUE(rows.findFirst("CompanyName", "Alder"));
+        EXPECT_FALSE(rows.isAtEnd());
     });
 }
 

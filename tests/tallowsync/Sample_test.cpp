@@ -24,6 +24,8 @@
 #include <string_view>
 #include <vector>
 
+#include <unistd.h>
+
 namespace wmoutlook {
 namespace {
 
@@ -82,7 +84,7 @@ private:
 };
 
 fs::path freshDirectory(const std::string& name) {
-    const fs::path directory = fs::path{::testing::TempDir()} / ("tallowsync_sample_" + name);
+    const fs::path directory = fs::path{::testing::TempDir()} / ("tallowsync_sample_" + std::to_string(::getpid()) + "_" + name);
     fs::remove_all(directory);
     return directory;
 }

@@ -5,7 +5,6 @@ namespace wmoutlook {
 namespace {
 
 using outlook::ItemType;
-using outlook::UserPropertyType;
 using outlookstore::ListedItem;
 using outlookstore::PropertyKind;
 

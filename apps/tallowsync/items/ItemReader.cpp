@@ -162,7 +162,7 @@ void ItemReader::readProperty(const std::string& name, const Json& value, NewIte
     }
     const auto& row = table.rows()[*index];
     if (row.access == PropertyAccess::readOnly || value.is_null()) return;
-    const auto kind =
+    const auto* const kind =
         std::find_if(std::begin(kKinds), std::end(kKinds), [&](const KindRow& known) { return known.kind == row.kind; });
     if (auto read = kind->read(value))
         item.properties.emplace_back(row.name, std::move(*read));

@@ -37,8 +37,7 @@ Platform platformFor(const SyncRequest& request) {
     platform.random = std::make_shared<SeededRandom>(request.seed.value_or(std::random_device{}()));
     platform.messageLoop = std::make_shared<IdleMessageLoop>();
     platform.files = std::make_shared<DiskFiles>();
-    const auto workingFolder = std::make_shared<TemporaryWorkingFolder>();
-    platform.newWorkingFolder = [workingFolder] { return workingFolder; };
+    platform.newWorkingFolder = [folder = std::make_shared<TemporaryWorkingFolder>()] { return folder; };
     return platform;
 }
 
@@ -117,7 +116,7 @@ private:
     void collect();
 
     template <class... Args>
-    void note(Event<Args...>& event, std::string name) {
+    void note(Event<Args...>& event, const std::string& name) {
         subscriptions_.push_back(event.subscribe([this, name](Args...) { report_.events.push_back(name); }));
     }
 

@@ -14,7 +14,7 @@ class WrittenRecords {
 public:
     void created(const Json& identifier) { note(created_, createdKeys_, identifier); }
     void updated(const Json& identifier) {
-        if (createdKeys_.count(identifier.dump()) == 0) note(updated_, updatedKeys_, identifier);
+        if (!createdKeys_.contains(identifier.dump())) note(updated_, updatedKeys_, identifier);
     }
     void deleted(const Json& identifier) { note(deleted_, deletedKeys_, identifier); }
 

@@ -29,8 +29,8 @@ bool RowSet::findNext() {
 
 /// Where the engine has no key to go by, a single search may look at each row; from the second one on an index pays.
 bool RowSet::search(bool isNext) {
-    noMatch_ = true;
-    if (criteria_.isImpossible) return false;
+    noMatch_ = false;  // a search that fails has not shown that there is nothing
+    if (criteria_.isImpossible) return !(noMatch_ = true);
     const auto isOfTable = [&](const Condition& condition) { return plan_->fields()[condition.field].source != kNone; };
     const bool canEngine = plan_->isKeyed() && std::all_of(criteria_.conditions.begin(), criteria_.conditions.end(), isOfTable);
     const std::size_t field = criteria_.conditions.front().field;

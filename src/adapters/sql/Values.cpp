@@ -1,8 +1,8 @@
 #include "adapters/sql/Values.h"
 
-#include "platform/DateHelper.h"
 #include "adapters/sql/Faults.h"
 #include "adapters/sql/Tokenizer.h"
+#include "platform/DateHelper.h"
 #include "platform/Text.h"
 
 #include <array>

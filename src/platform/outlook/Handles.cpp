@@ -18,6 +18,10 @@ std::string Item::text(std::string_view property) const {
     return get(property).toText();
 }
 
+std::optional<std::string> Item::textIfRead(std::string_view property) const {
+    return call([&](auto& object) -> std::optional<std::string> { return object.get(property).toText(); });
+}
+
 void Item::put(std::string_view property, const Variant& value) const {
     call([&](auto& object) { object.put(property, value); });
 }

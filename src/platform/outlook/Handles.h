@@ -59,6 +59,7 @@ public:
     using Handle::Handle;
     [[nodiscard]] Variant get(std::string_view property) const;
     [[nodiscard]] std::string text(std::string_view property) const;
+    [[nodiscard]] std::optional<std::string> textIfRead(std::string_view property) const;  ///< nothing when it was skipped
     void put(std::string_view property, const Variant& value) const;
     void save() const;
     void remove() const;
