@@ -78,6 +78,7 @@ bool RowSet::isStoredAlready(std::size_t field, const Cell& value) {
     };
     if (!isRowRead_ || !isEqual()) return false;
     const bool isFresh = rowVersion_ == plan_->version() && readAt_ + 1 >= observer_->operation();
+    if (!isFresh) driver_->endSharedReads();
     if (!isFresh && !loadCurrent()) failAsVanished("updateField", plan_->fields()[field].table);
     readAt_ = observer_->operation();
     return isFresh || isEqual();

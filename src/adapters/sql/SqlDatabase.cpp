@@ -50,6 +50,7 @@ public:
         entry->set->close();
         free_.push_back(std::move(entry->set));
         open_.erase(entry);
+        if (open_.empty()) driver_->endSharedReads();
     }
 
     RecordMarker saveRecordPosition(RecordsetHandle handle) override { return set(handle, "saveRecordPosition").savePosition(); }

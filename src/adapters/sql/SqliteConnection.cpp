@@ -50,8 +50,8 @@ bool isHostTable(const char* name) {
 
 class SqliteStatement final : public Statement {
 public:
-    SqliteStatement(const SqliteConnection& connection, sqlite3_stmt* statement)
-        : connection_(connection), statement_(statement) {}
+    SqliteStatement(SqliteConnection& connection, sqlite3_stmt* statement)
+        : connection_(connection), statement_(statement), isReading_(sqlite3_stmt_readonly(statement) != 0) {}
     ~SqliteStatement() override { sqlite3_finalize(statement_); }
 
     int parameterCount() const override { return sqlite3_bind_parameter_count(statement_); }
@@ -72,6 +72,8 @@ public:
     }
 
     bool step() override {
+        if (!isRunning_) connection_.beforeStatement(isReading_);
+        isRunning_ = true;
         const int result = sqlite3_step(statement_);
         if (result == SQLITE_ROW) return true;
         if (result != SQLITE_DONE) connection_.fail("A statement could not be run");
@@ -79,6 +81,7 @@ public:
     }
 
     void reset() noexcept override {
+        isRunning_ = false;
         sqlite3_reset(statement_);
         sqlite3_clear_bindings(statement_);
     }
@@ -104,9 +107,17 @@ public:
     }
 
 private:
-    const SqliteConnection& connection_;
+    SqliteConnection& connection_;
     sqlite3_stmt* statement_;
+    bool isReading_;
+    bool isRunning_ = false;
 };
+
+/// Runs a statement that gives no rows.
+void runOnce(sqlite3_stmt* statement) noexcept {
+    sqlite3_step(statement);
+    sqlite3_reset(statement);
+}
 
 }  // namespace
 
@@ -134,6 +145,9 @@ SqliteConnection::SqliteConnection(const std::string& path, Mode mode, int busyT
 }
 
 SqliteConnection::~SqliteConnection() {
+    endSharedRead();
+    sqlite3_finalize(begin_);
+    sqlite3_finalize(commit_);
     sqlite3_close_v2(database_);
 }
 
@@ -178,6 +192,25 @@ std::unique_ptr<Statement> SqliteConnection::prepare(const std::string& text, Te
 void SqliteConnection::execute(const std::string& text) {
     const auto statement = prepare(text, TextOrigin::adapter);
     while (statement->step()) {}
+}
+
+void SqliteConnection::shareReads() {
+    for (const auto& [text, statement] : {std::pair{"BEGIN", &begin_}, std::pair{"COMMIT", &commit_}})
+        if (sqlite3_prepare_v3(database_, text, -1, SQLITE_PREPARE_PERSISTENT, statement, nullptr) != SQLITE_OK)
+            fail("Reads cannot be shared");
+}
+
+void SqliteConnection::endSharedRead() noexcept {
+    if (sharedReads_ > 0) runOnce(commit_);
+    sharedReads_ = 0;
+}
+
+void SqliteConnection::beforeStatement(bool isReading) noexcept {
+    if (begin_ == nullptr) return;
+    if (!isReading || sharedReads_ == kSharedReads) endSharedRead();
+    if (!isReading) return;
+    if (sharedReads_ == 0) runOnce(begin_);
+    ++sharedReads_;
 }
 
 void SqliteConnection::fail(std::string_view attempted) const {

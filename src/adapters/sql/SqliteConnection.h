@@ -30,6 +30,15 @@ public:
     void execute(const std::string& text);
     [[nodiscard]] std::int64_t preparedStatements() const { return preparedStatements_; }
 
+    /// From now on up to kSharedReads reads in a row share one read transaction, since taking and giving back the file's lock
+    /// costs more than a keyed read. Another process's write is seen when it ends: before a write of ours, after
+    /// the last of these reads, or at endSharedRead.
+    void shareReads();
+    void endSharedRead() noexcept;
+    void beforeStatement(bool isReading) noexcept;  ///< what each statement tells when it begins to run
+
+    static constexpr int kSharedReads = 16;
+
     /// Throws the error that the engine reports, behind a word on what was attempted.
     [[noreturn]] void fail(std::string_view attempted) const;
 
@@ -39,7 +48,10 @@ private:
 
     std::string path_;
     sqlite3* database_ = nullptr;
-    bool isHostText_ = false;  ///< a text from outside is being prepared
+    bool isHostText_ = false;        ///< a text from outside is being prepared
+    sqlite3_stmt* begin_ = nullptr;  ///< null while reads are not shared
+    sqlite3_stmt* commit_ = nullptr;
+    int sharedReads_ = 0;  ///< in the transaction that is open; 0: none is
     std::int64_t preparedStatements_ = 0;
 };
 

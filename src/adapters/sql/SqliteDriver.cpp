@@ -22,12 +22,19 @@ std::optional<std::int64_t> firstNumber(Statement& statement, std::string_view t
 
 SqliteDriver::SqliteDriver(std::unique_ptr<SqliteConnection> connection, const SqliteOptions& options)
     : connection_(std::move(connection)), options_(options) {
-    if (options_.dryRun) connection_->execute("BEGIN IMMEDIATE");
+    if (options_.dryRun)
+        connection_->execute("BEGIN IMMEDIATE");
+    else
+        connection_->shareReads();
 }
 
 SqliteDriver::~SqliteDriver() {
     numberings_.clear();
     if (options_.dryRun) sqlite3_exec(connection_->get(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void SqliteDriver::endSharedReads() {
+    connection_->endSharedRead();
 }
 
 std::unique_ptr<Statement> SqliteDriver::prepare(const std::string& text, TextOrigin origin) {

@@ -16,6 +16,7 @@ public:
     ~SqliteDriver() override;
 
     std::unique_ptr<Statement> prepare(const std::string& text, TextOrigin origin) override;
+    void endSharedReads() override;
     std::int64_t changedRows() const override;
     std::int64_t lastKey() const override;
     bool hasRowKeys(const std::string& table) override;
