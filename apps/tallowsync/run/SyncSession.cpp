@@ -28,14 +28,14 @@ namespace {
 using outlook::DefaultFolder;
 using outlook::ItemType;
 
-Platform platformFor(const SyncRequest& request) {
+Platform platformFor(const SyncRequest& request, std::shared_ptr<MessageLoop> messageLoop) {
     Platform platform;
     if (request.now)
         platform.clock = std::make_shared<FixedClock>(*request.now);
     else
         platform.clock = std::make_shared<SystemClock>();
     platform.random = std::make_shared<SeededRandom>(request.seed.value_or(std::random_device{}()));
-    platform.messageLoop = std::make_shared<IdleMessageLoop>();
+    platform.messageLoop = std::move(messageLoop);
     platform.files = std::make_shared<DiskFiles>();
     platform.newWorkingFolder = [folder = std::make_shared<TemporaryWorkingFolder>()] { return folder; };
     return platform;
@@ -122,7 +122,8 @@ private:
 
     const SyncRequest& request_;
     Console& console_;
-    Platform platform_ = platformFor(request_);
+    std::shared_ptr<IdleMessageLoop> messageLoop_ = std::make_shared<IdleMessageLoop>();
+    Platform platform_ = platformFor(request_, messageLoop_);
     std::shared_ptr<ProgramEnd> end_ = std::make_shared<ProgramEnd>();
     std::shared_ptr<OutlookRecord> outlookRecord_ = std::make_shared<OutlookRecord>();
     std::shared_ptr<outlook::port::Automation> store_;
@@ -225,7 +226,7 @@ void SyncSession::collect() {
     report_.direction = component_->syncDirectionType();
     report_.isDryRun = request_.isDryRun;
     report_.isConnected = component_->connectedToOutlook();
-    report_.yields = static_cast<IdleMessageLoop&>(*platform_.messageLoop).yields();
+    report_.yields = messageLoop_->yields();
     report_.errors = errors_->reports();
     report_.messages = messageBoxes_->messages();
     report_.refreshData = component_->refreshData();
@@ -253,7 +254,7 @@ SyncSession::~SyncSession() {
 
 void checkSettings(const SyncRequest& request) {
     if (request.settings.empty()) return;
-    clsOutlookSynchronization scratch{platformFor(request)};
+    clsOutlookSynchronization scratch{platformFor(request, std::make_shared<IdleMessageLoop>())};
     applySettings(request, scratch);
 }
 

@@ -141,7 +141,7 @@ private:
     void requireSingleTable(std::string_view operation) const;
     [[nodiscard]] bool isStoredAlready(std::size_t field, const Cell& value);
     [[noreturn]] void failAsVanished(std::string_view operation, std::string_view table);
-    [[nodiscard]] Variant newField(std::size_t field);
+    [[nodiscard]] Variant newField(std::size_t index);
     [[nodiscard]] NewValue& newValue(std::size_t field);
 
     Shape shape_;

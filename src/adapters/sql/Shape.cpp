@@ -57,7 +57,7 @@ void Shape::read(std::string_view sql) {
             case TokenKind::parameter: fail(Fault::syntax, "The SQL text holds a question mark");
             case TokenKind::word:
                 if (token.isWord("TRUE") || token.isWord("FALSE")) {
-                    lift({Cell::of(std::int64_t{token.isWord("TRUE")}), true});
+                    lift({Cell::of(std::int64_t{token.isWord("TRUE") ? 1 : 0}), true});
                     break;
                 }
                 isSorting = isSorting || token.isWord("ORDER") || token.isWord("GROUP");

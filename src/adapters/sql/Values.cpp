@@ -66,7 +66,7 @@ std::optional<double> numberIn(std::string_view text) {
 std::optional<Cell> truthIn(std::string_view text) {
     const auto number = numberIn(text);
     if (!number) return std::nullopt;
-    return Cell::of(std::int64_t{*number != 0});
+    return Cell::of(std::int64_t{*number != 0 ? 1 : 0});
 }
 
 template <class Integer>
@@ -188,7 +188,7 @@ std::optional<Cell> toSought(std::string_view value, ColumnType type) {
 Cell toCell(const Variant& value) {
     struct Visitor {
         Cell operator()(std::monostate) const { return {}; }
-        Cell operator()(bool truth) const { return Cell::of(std::int64_t{truth}); }
+        Cell operator()(bool truth) const { return Cell::of(std::int64_t{truth ? 1 : 0}); }
         Cell operator()(std::int32_t number) const { return Cell::of(std::int64_t{number}); }
         Cell operator()(double number) const { return Cell::of(number); }
         Cell operator()(Date date) const { return Cell::of(date.days); }
