@@ -52,6 +52,48 @@ public:
     }
 };
 
+class FaultyRecipient : public Faulty<port::Recipient> {
+public:
+    using Faulty::Faulty;
+    std::string name() const override { return pass("Recipient.name").name(); }
+    std::string address() const override { return pass("Recipient.address").address(); }
+    outlook::RecipientType type() const override { return pass("Recipient.type").type(); }
+    void setType(outlook::RecipientType type) override { pass("Recipient.setType").setType(type); }
+    bool resolve() override { return pass("Recipient.resolve").resolve(); }
+};
+
+class FaultyRecipients : public Faulty<port::Recipients> {
+public:
+    using Faulty::Faulty;
+    std::shared_ptr<port::Recipient> add(std::string_view name) override {
+        return wrap<FaultyRecipient>(pass("Recipients.add").add(name));
+    }
+    std::int32_t count() const override { return pass("Recipients.count").count(); }
+    std::shared_ptr<port::Recipient> item(std::int32_t index) override {
+        return wrap<FaultyRecipient>(pass("Recipients.item").item(index));
+    }
+};
+
+class FaultyAttachment : public Faulty<port::Attachment> {
+public:
+    using Faulty::Faulty;
+    std::string fileName() const override { return pass("Attachment.fileName").fileName(); }
+    std::string displayName() const override { return pass("Attachment.displayName").displayName(); }
+    void setDisplayName(std::string_view name) override { pass("Attachment.setDisplayName").setDisplayName(name); }
+};
+
+class FaultyAttachments : public Faulty<port::Attachments> {
+public:
+    using Faulty::Faulty;
+    std::shared_ptr<port::Attachment> add(std::string_view path) override {
+        return wrap<FaultyAttachment>(pass("Attachments.add").add(path));
+    }
+    std::int32_t count() const override { return pass("Attachments.count").count(); }
+    std::shared_ptr<port::Attachment> item(std::int32_t index) override {
+        return wrap<FaultyAttachment>(pass("Attachments.item").item(index));
+    }
+};
+
 class FaultyItem : public Faulty<port::Item> {
 public:
     using Faulty::Faulty;
@@ -62,6 +104,14 @@ public:
     std::shared_ptr<port::UserProperties> userProperties() override {
         return wrap<FaultyUserProperties>(pass("Item.userProperties").userProperties());
     }
+    std::shared_ptr<port::Recipients> recipients() override {
+        return wrap<FaultyRecipients>(pass("Item.recipients").recipients());
+    }
+    std::shared_ptr<port::Attachments> attachments() override {
+        return wrap<FaultyAttachments>(pass("Item.attachments").attachments());
+    }
+    void display(bool modal) override { pass("Item.display").display(modal); }
+    void send() override { pass("Item.send").send(); }
 };
 
 class FaultyItems : public Faulty<port::Items> {
@@ -76,6 +126,8 @@ public:
     std::shared_ptr<port::Items> restrict(std::string_view filter) override {
         return wrap<FaultyItems>(pass("Items.restrict").restrict(filter));
     }
+    void sort(std::string_view property, bool descending) override { pass("Items.sort").sort(property, descending); }
+    void setIncludeRecurrences(bool include) override { pass("Items.setIncludeRecurrences").setIncludeRecurrences(include); }
     std::int32_t count() override { return pass("Items.count").count(); }
     std::shared_ptr<port::Item> getFirst() override { return wrap<FaultyItem>(pass("Items.getFirst").getFirst()); }
     std::shared_ptr<port::Item> getNext() override { return wrap<FaultyItem>(pass("Items.getNext").getNext()); }

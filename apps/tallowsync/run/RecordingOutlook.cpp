@@ -55,6 +55,10 @@ public:
         if (!removed.empty()) written().deleted(removed);
     }
     std::shared_ptr<port::UserProperties> userProperties() override { return pass().userProperties(); }
+    std::shared_ptr<port::Recipients> recipients() override { return pass().recipients(); }
+    std::shared_ptr<port::Attachments> attachments() override { return pass().attachments(); }
+    void display(bool modal) override { pass().display(modal); }
+    void send() override { pass().send(); }
 
 private:
     [[nodiscard]] std::string entryID() const { return pass().get(outlook::property::EntryID).toText(); }
@@ -71,6 +75,8 @@ public:
     std::shared_ptr<port::Items> restrict(std::string_view filter) override {
         return wrap<RecordingItems>(pass().restrict(filter));
     }
+    void sort(std::string_view property, bool descending) override { pass().sort(property, descending); }
+    void setIncludeRecurrences(bool include) override { pass().setIncludeRecurrences(include); }
     std::int32_t count() override { return pass().count(); }
     std::shared_ptr<port::Item> getFirst() override { return wrap<RecordingItem>(pass().getFirst()); }
     std::shared_ptr<port::Item> getNext() override { return wrap<RecordingItem>(pass().getNext()); }

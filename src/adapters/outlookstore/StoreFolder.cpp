@@ -100,6 +100,14 @@ std::shared_ptr<outlook::port::Items> StoreItems::restrict(std::string_view filt
     return std::make_shared<StoreItems>(instance_, folder_, std::move(filters));
 }
 
+void StoreItems::sort(std::string_view, bool) {
+    throw OutlookError{-1, "The Outlook store cannot sort yet"};
+}
+
+void StoreItems::setIncludeRecurrences(bool) {
+    throw OutlookError{-1, "The Outlook store cannot expand series yet"};
+}
+
 std::int32_t StoreItems::count() {
     if (filters_.empty()) return static_cast<std::int32_t>(instance_->session().items().count(folder_.number));
     std::int32_t count = 0;

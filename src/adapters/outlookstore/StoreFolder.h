@@ -39,6 +39,8 @@ public:
     [[nodiscard]] std::shared_ptr<outlook::port::Item> add(std::optional<outlook::ItemType> type) override;
     [[nodiscard]] std::shared_ptr<outlook::port::Item> find(std::string_view filter) override;
     [[nodiscard]] std::shared_ptr<outlook::port::Items> restrict(std::string_view filter) override;
+    void sort(std::string_view property, bool descending) override;
+    void setIncludeRecurrences(bool include) override;
     [[nodiscard]] std::int32_t count() override;
     [[nodiscard]] std::shared_ptr<outlook::port::Item> getFirst() override;
     [[nodiscard]] std::shared_ptr<outlook::port::Item> getNext() override;

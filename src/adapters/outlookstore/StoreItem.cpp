@@ -147,4 +147,20 @@ std::shared_ptr<outlook::port::UserProperties> StoreItem::userProperties() {
     return std::make_shared<StoreUserProperties>(data_);
 }
 
+std::shared_ptr<outlook::port::Recipients> StoreItem::recipients() {
+    throw OutlookError{-1, "The Outlook store cannot keep recipients yet"};
+}
+
+std::shared_ptr<outlook::port::Attachments> StoreItem::attachments() {
+    throw OutlookError{-1, "The Outlook store cannot keep attachments yet"};
+}
+
+void StoreItem::display(bool) {
+    throw OutlookError{-1, "The Outlook store cannot show items yet"};
+}
+
+void StoreItem::send() {
+    throw OutlookError{-1, "The Outlook store cannot send mails yet"};
+}
+
 }  // namespace wmoutlook::outlookstore

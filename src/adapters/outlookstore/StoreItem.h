@@ -22,6 +22,10 @@ public:
     void save() override;
     void remove() override;
     [[nodiscard]] std::shared_ptr<outlook::port::UserProperties> userProperties() override;
+    [[nodiscard]] std::shared_ptr<outlook::port::Recipients> recipients() override;
+    [[nodiscard]] std::shared_ptr<outlook::port::Attachments> attachments() override;
+    void display(bool modal) override;
+    void send() override;
 
     [[nodiscard]] const ItemHead& head() const { return head_; }
     [[nodiscard]] const ItemData& data() const { return *data_; }

@@ -10,6 +10,26 @@ UserProperty UserProperties::add(std::string_view name, UserPropertyType type) c
     return call([&](auto& object) { return UserProperty{object.add(name, type, false)}; });
 }
 
+void Recipient::setType(RecipientType type) const {
+    call([&](auto& object) { object.setType(type); });
+}
+
+void Recipient::resolve() const {
+    call([&](auto& object) { object.resolve(); });
+}
+
+Recipient Recipients::add(std::string_view name) const {
+    return call([&](auto& object) { return Recipient{object.add(name)}; });
+}
+
+void Attachment::setDisplayName(std::string_view name) const {
+    call([&](auto& object) { object.setDisplayName(name); });
+}
+
+Attachment Attachments::add(std::string_view path) const {
+    return call([&](auto& object) { return Attachment{object.add(path)}; });
+}
+
 Variant Item::get(std::string_view property) const {
     return call([&](auto& object) { return object.get(property); });
 }
@@ -38,12 +58,48 @@ UserProperties Item::userProperties() const {
     return call([&](auto& object) { return UserProperties{object.userProperties()}; });
 }
 
+Recipients Item::recipients() const {
+    return call([&](auto& object) { return Recipients{object.recipients()}; });
+}
+
+Attachments Item::attachments() const {
+    return call([&](auto& object) { return Attachments{object.attachments()}; });
+}
+
+void Item::display() const {
+    call([&](auto& object) { object.display(false); });
+}
+
+void Item::send() const {
+    call([&](auto& object) { object.send(); });
+}
+
 Item Items::add() const {
     return call([&](auto& object) { return Item{object.add(std::nullopt)}; });
 }
 
 Item Items::find(std::string_view filter) const {
     return call([&](auto& object) { return Item{object.find(filter)}; });
+}
+
+void Items::sort(std::string_view property) const {
+    call([&](auto& object) { object.sort(property, false); });
+}
+
+void Items::includeRecurrences() const {
+    call([&](auto& object) { object.setIncludeRecurrences(true); });
+}
+
+Items Items::restrict(std::string_view filter) const {
+    return call([&](auto& object) { return Items{object.restrict(filter)}; });
+}
+
+Item Items::getFirst() const {
+    return call([&](auto& object) { return Item{object.getFirst()}; });
+}
+
+Item Items::getNext() const {
+    return call([&](auto& object) { return Item{object.getNext()}; });
 }
 
 Items MAPIFolder::items() const {
@@ -69,6 +125,10 @@ MAPIFolder NameSpace::getDefaultFolder(DefaultFolder folder) const {
 
 MAPIFolder NameSpace::getFolderFromID(std::string_view entryID, std::string_view storeID) const {
     return call([&](auto& object) { return MAPIFolder{object.getFolderFromID(entryID, storeID)}; });
+}
+
+Item NameSpace::getItemFromID(std::string_view entryID, std::string_view storeID) const {
+    return call([&](auto& object) { return Item{object.getItemFromID(entryID, storeID)}; });
 }
 
 Item NameSpace::findItemFromID(std::string_view entryID, std::string_view storeID) const {

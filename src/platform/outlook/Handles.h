@@ -54,6 +54,31 @@ public:
     UserProperty add(std::string_view name, UserPropertyType type) const;
 };
 
+class Recipient : public Handle<port::Recipient> {
+public:
+    using Handle::Handle;
+    void setType(RecipientType type) const;
+    void resolve() const;  ///< whether it could be told is looked at by nobody
+};
+
+class Recipients : public Handle<port::Recipients> {
+public:
+    using Handle::Handle;
+    [[nodiscard]] Recipient add(std::string_view name) const;
+};
+
+class Attachment : public Handle<port::Attachment> {
+public:
+    using Handle::Handle;
+    void setDisplayName(std::string_view name) const;
+};
+
+class Attachments : public Handle<port::Attachments> {
+public:
+    using Handle::Handle;
+    [[nodiscard]] Attachment add(std::string_view path) const;
+};
+
 class Item : public Handle<port::Item> {
 public:
     using Handle::Handle;
@@ -64,6 +89,10 @@ public:
     void save() const;
     void remove() const;
     [[nodiscard]] UserProperties userProperties() const;
+    [[nodiscard]] Recipients recipients() const;
+    [[nodiscard]] Attachments attachments() const;
+    void display() const;  ///< without waiting for the user
+    void send() const;
 };
 
 class Items : public Handle<port::Items> {
@@ -71,6 +100,11 @@ public:
     using Handle::Handle;
     [[nodiscard]] Item add() const;  ///< of the folder's default type
     [[nodiscard]] Item find(std::string_view filter) const;
+    void sort(std::string_view property) const;  ///< ascending
+    void includeRecurrences() const;
+    [[nodiscard]] Items restrict(std::string_view filter) const;
+    [[nodiscard]] Item getFirst() const;
+    [[nodiscard]] Item getNext() const;
 };
 
 class MAPIFolder : public Handle<port::MAPIFolder> {
@@ -88,6 +122,7 @@ public:
                bool newSession) const;
     [[nodiscard]] MAPIFolder getDefaultFolder(DefaultFolder folder) const;
     [[nodiscard]] MAPIFolder getFolderFromID(std::string_view entryID, std::string_view storeID) const;
+    [[nodiscard]] Item getItemFromID(std::string_view entryID, std::string_view storeID) const;
     /// With errors caught on the spot: nothing when the item is not there, for whatever reason.
     [[nodiscard]] Item findItemFromID(std::string_view entryID, std::string_view storeID) const;
 };

@@ -32,6 +32,9 @@ enum class ItemClass : std::int32_t { appointment = 26, contact = 40, mail = 43,
 
 enum class UserPropertyType : std::int32_t { text = 1, number = 3, dateTime = 5, yesNo = 6 };
 
+/// How a mail names a recipient.
+enum class RecipientType : std::int32_t { to = 1, cc = 2, bcc = 3 };
+
 namespace port {
 
 class UserProperty {
@@ -54,6 +57,45 @@ public:
     [[nodiscard]] virtual std::shared_ptr<UserProperty> item(std::int32_t index) = 0;  ///< from 1
 };
 
+class Recipient {
+public:
+    virtual ~Recipient() = default;
+
+    [[nodiscard]] virtual std::string name() const = 0;     ///< as it was given; resolved, the contact's name
+    [[nodiscard]] virtual std::string address() const = 0;  ///< "" until it is resolved
+    [[nodiscard]] virtual RecipientType type() const = 0;   ///< `to` until it is set
+    virtual void setType(RecipientType type) = 0;
+    virtual bool resolve() = 0;  ///< against the contacts; an address resolves to itself
+};
+
+class Recipients {
+public:
+    virtual ~Recipients() = default;
+
+    virtual std::shared_ptr<Recipient> add(std::string_view name) = 0;  ///< a blank name is an error
+    [[nodiscard]] virtual std::int32_t count() const = 0;
+    [[nodiscard]] virtual std::shared_ptr<Recipient> item(std::int32_t index) = 0;  ///< from 1
+};
+
+class Attachment {
+public:
+    virtual ~Attachment() = default;
+
+    [[nodiscard]] virtual std::string fileName() const = 0;     ///< without folders
+    [[nodiscard]] virtual std::string displayName() const = 0;  ///< the file name until it is set
+    virtual void setDisplayName(std::string_view name) = 0;
+};
+
+class Attachments {
+public:
+    virtual ~Attachments() = default;
+
+    /// Takes a copy of the file at once. A path that is no readable file is an error.
+    virtual std::shared_ptr<Attachment> add(std::string_view path) = 0;
+    [[nodiscard]] virtual std::int32_t count() const = 0;
+    [[nodiscard]] virtual std::shared_ptr<Attachment> item(std::int32_t index) = 0;  ///< from 1
+};
+
 /// A contact, appointment, task or mail. Changes are in memory until they are saved.
 class Item {
 public:
@@ -67,9 +109,15 @@ public:
     virtual void save() = 0;    ///< the first save assigns EntryID
     virtual void remove() = 0;  ///< Delete
     [[nodiscard]] virtual std::shared_ptr<UserProperties> userProperties() = 0;
+    [[nodiscard]] virtual std::shared_ptr<Recipients> recipients() = 0;
+    [[nodiscard]] virtual std::shared_ptr<Attachments> attachments() = 0;
+    virtual void display(bool modal) = 0;  ///< shows it to the user
+    virtual void send() = 0;               ///< of a mail; the item can be changed no more
 };
 
-/// A view of a folder's items.
+/// A view of a folder's items, in order of creation until it is sorted. A series of appointments or tasks is one item; the
+/// occurrences of a recurring appointment show up one by one, each with its own start and end and the series' EntryID, on a
+/// view that was sorted by "[Start]" and then told to include recurrences.
 class Items {
 public:
     virtual ~Items() = default;
@@ -78,7 +126,11 @@ public:
     [[nodiscard]] virtual std::shared_ptr<Item> add(std::optional<ItemType> type) = 0;
     /// The first item for which the filter holds, nothing when there is none. See the filter language in docs/outlook-store.md.
     [[nodiscard]] virtual std::shared_ptr<Item> find(std::string_view filter) = 0;
+    /// The items for which the filter holds, with the sorting and the occurrences of this view.
     [[nodiscard]] virtual std::shared_ptr<Items> restrict(std::string_view filter) = 0;
+    virtual void sort(std::string_view property, bool descending) = 0;  ///< "[Start]" or "Start"
+    virtual void setIncludeRecurrences(bool include) = 0;
+    /// With occurrences of a series without an end it has no meaning, as in Outlook: the highest number.
     [[nodiscard]] virtual std::int32_t count() = 0;
     [[nodiscard]] virtual std::shared_ptr<Item> getFirst() = 0;  ///< nothing when there is none
     [[nodiscard]] virtual std::shared_ptr<Item> getNext() = 0;   ///< nothing at the end

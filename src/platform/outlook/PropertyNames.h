@@ -53,4 +53,15 @@ inline constexpr std::string_view Gender = "Gender";
 inline constexpr std::string_view Birthday = "Birthday";
 inline constexpr std::string_view Anniversary = "Anniversary";
 
+// Appointments and tasks
+inline constexpr std::string_view Start = "Start";
+inline constexpr std::string_view End = "End";
+inline constexpr std::string_view AllDayEvent = "AllDayEvent";
+inline constexpr std::string_view IsRecurring = "IsRecurring";
+inline constexpr std::string_view ReminderSet = "ReminderSet";
+inline constexpr std::string_view ReminderMinutesBeforeStart = "ReminderMinutesBeforeStart";
+inline constexpr std::string_view StartDate = "StartDate";
+inline constexpr std::string_view DueDate = "DueDate";
+inline constexpr std::string_view Complete = "Complete";
+
 }  // namespace wmoutlook::outlook::property

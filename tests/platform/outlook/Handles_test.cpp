@@ -28,6 +28,10 @@ public:
     void save() override { throw OutlookError{-7, "save"}; }
     void remove() override { throw OutlookError{-8, "remove"}; }
     std::shared_ptr<port::UserProperties> userProperties() override { return nullptr; }
+    std::shared_ptr<port::Recipients> recipients() override { return nullptr; }
+    std::shared_ptr<port::Attachments> attachments() override { return nullptr; }
+    void display(bool) override { throw OutlookError{-9, "display"}; }
+    void send() override { throw OutlookError{-10, "send"}; }
 };
 
 class Handles : public ::testing::Test {
