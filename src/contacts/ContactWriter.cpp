@@ -7,6 +7,7 @@
 #include "platform/Routine.h"
 #include "platform/Text.h"
 #include "platform/ValueHelper.h"
+#include "syncstore/TargetItem.h"
 
 #include <span>
 
@@ -32,14 +33,6 @@ void put(const PropertyRow& map, const Recordset& row, const outlook::Item& item
 
 void putAll(std::span<const PropertyRow> maps, const Recordset& row, const outlook::Item& item) {
     for (const PropertyRow& map : maps) put(map, row, item);
-}
-
-/// The identity lives in the links: the first two properties are there without a value.
-void stamp(const outlook::Item& item) {
-    const outlook::UserProperties properties = item.userProperties();
-    properties.add("TallowbrookID", outlook::UserPropertyType::number);
-    properties.add("EntryID", outlook::UserPropertyType::text);
-    properties.add("DateLastSynched", outlook::UserPropertyType::dateTime).setValue(today());
 }
 
 std::int32_t outlookGender(std::string_view hostGender) {
@@ -89,17 +82,9 @@ struct EmailAddresses {
 
 }  // namespace
 
-outlook::Item ContactWriter::itemToWrite(std::string_view entryID, std::string_view storeID) const {
-    const OutlookSession& session = run_.outlook;
-    outlook::Item item;
-    if (!isNullOrEmpty(entryID)) item = session.nameSpace.findItemFromID(entryID, storeID);  // deleted in Outlook: it comes back
-    if (item.isNothing()) {
-        const std::string& folderID = run_.options.outlookImportFolderEntryID;
-        item = isNullOrEmpty(folderID) || isNullOrEmpty(storeID)
-                   ? session.application.createItem(outlook::ItemType::contact)
-                   : session.nameSpace.getFolderFromID(folderID, storeID).items().add();
-    }
-    stamp(item);
+outlook::Item ContactWriter::stampedItem(std::string_view entryID, std::string_view storeID) const {
+    outlook::Item item = itemToWrite(run_, outlook::ItemType::contact, entryID, storeID);
+    stamp(item, today());
     return item;
 }
 
@@ -108,7 +93,7 @@ std::string ContactWriter::createNewTallowbrookContactInOutlook(std::int32_t con
     std::string written{kNothingWritten};
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-createNewTallowbrookContactInOutlook", &run_.ExitProgram};
     routine.run([&] {
-        const outlook::Item item = itemToWrite(entryID, storeID);
+        const outlook::Item item = stampedItem(entryID, storeID);
         if (!isDatabaseOpen() || contactID < 0) return;
         const Recordset contacts{"SELECT Contacts.* FROM Contacts;"};
         if (!contacts.findFirst("ContactID", contactID)) return;
@@ -163,7 +148,7 @@ std::string ContactWriter::createNewTallowbrookCompanyInOutlook(std::int32_t com
     std::string written{kNothingWritten};
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-createNewTallowbrookCompanyInOutlook", &run_.ExitProgram};
     routine.run([&] {
-        const outlook::Item item = itemToWrite(entryID, storeID);
+        const outlook::Item item = stampedItem(entryID, storeID);
         if (!isDatabaseOpen() || companyID < 0) return;
         const Recordset companies{"SELECT Companies.* FROM Companies;"};
         if (!companies.findFirst("CompanyID", companyID)) return;

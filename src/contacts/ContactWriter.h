@@ -17,10 +17,8 @@ class ContactWriter {
 public:
     explicit ContactWriter(SyncRun& run) : run_(run) {}
 
-    // The result is the entry identifier of the saved item, or kNothingWritten when it was not saved: the host's row is gone,
+    // The result is the entry identifier of the saved item, or kNothingWritten (TargetItem.h) when it was not saved: the host's row is gone,
     // the database is closed, or the routine was left.
-
-    static constexpr std::string_view kNothingWritten = "-1";
 
     /// A contact, with company data when the run asks for it; companyID is -1 for none. A blank entryID creates an item.
     std::string createNewTallowbrookContactInOutlook(std::int32_t contactID, std::int32_t companyID, std::string_view entryID,
@@ -30,7 +28,7 @@ public:
                                                      std::string_view storeID) const;
 
 private:
-    [[nodiscard]] outlook::Item itemToWrite(std::string_view entryID, std::string_view storeID) const;
+    [[nodiscard]] outlook::Item stampedItem(std::string_view entryID, std::string_view storeID) const;
     void writeContact(const outlook::Item& item, const Recordset& contact, std::int32_t contactID, std::int32_t companyID) const;
     void writeBusinessOfContact(const outlook::Item& item, const Recordset& contact, std::int32_t companyID) const;
     void writeCompany(const outlook::Item& item, const Recordset& company, std::int32_t companyID) const;

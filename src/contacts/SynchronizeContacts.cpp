@@ -7,6 +7,7 @@
 #include "platform/Routine.h"
 #include "platform/ValueHelper.h"
 #include "syncstore/ContactLinks.h"
+#include "syncstore/TargetItem.h"
 
 #include <string>
 
@@ -21,7 +22,7 @@ public:
     explicit HostToOutlookWalk(SyncRun& run) : run_(run), links_(run), writer_(run) {}
 
     void walk() {
-        chooseStore();
+        storeID_ = targetStore(run_, outlook::DefaultFolder::contacts);
         // Without a store there is no target: links would belong to none, and every item would be created once more.
         if (ValueHelper::isNullOrEmpty(storeID_)) return;
         walkCompanies();
@@ -29,19 +30,6 @@ public:
     }
 
 private:
-    /// The default contacts folder when no folder was chosen; its identifier stays in the options after the run.
-    void chooseStore() {
-        SyncOptions& options = run_.options;
-        if (!ValueHelper::isNullOrEmpty(options.outlookImportFolderStoreID)) {
-            storeID_ = options.outlookImportFolderStoreID;
-            return;
-        }
-        const outlook::MAPIFolder folder = run_.outlook.nameSpace.getDefaultFolder(outlook::DefaultFolder::contacts);
-        storeID_ = folder.storeID();
-        const std::string entryID = folder.entryID();
-        if (!entryID.empty()) options.outlookImportFolderEntryID = entryID;
-    }
-
     void walkCompanies() {
         walkRows(run_.companyCollection, "SELECT Companies.* FROM Companies;", "CompanyID", selection::kCompanyNum,
                  [&](std::int32_t companyID, const RecordList&) {

@@ -60,7 +60,8 @@ bool Recordset::hasRows() const {
 }
 
 std::optional<bool> Recordset::hasRowsIfTold() const {
-    return statement([&]() -> std::optional<bool> { return database().hasRows(handle_); });
+    const auto told = statement([&]() -> std::optional<bool> { return database().hasRows(handle_); });
+    return isOpen() ? told : std::nullopt;  // a service may say "no rows" of a set that it never opened
 }
 
 bool Recordset::isAtEnd() const {
@@ -87,6 +88,14 @@ std::string Recordset::text(std::string_view name) const {
 
 std::optional<std::string> Recordset::textIfRead(std::string_view name) const {
     return statement([&]() -> std::optional<std::string> { return database().getField(handle_, name).toText(); });
+}
+
+std::optional<Date> Recordset::dateIfRead(std::string_view name) const {
+    return statement([&]() -> std::optional<Date> { return database().getField(handle_, name).toDate(); });
+}
+
+std::optional<bool> Recordset::truthIfRead(std::string_view name) const {
+    return statement([&]() -> std::optional<bool> { return database().getField(handle_, name).toBoolean(); });
 }
 
 std::int32_t Recordset::number(std::string_view name, std::int32_t fallback) const {
@@ -117,7 +126,7 @@ bool Recordset::findNext() const {
 }
 
 bool Recordset::noMatch() const {
-    return statement([&] { return database().noMatch(handle_); });
+    return statement([&] { return database().noMatch(handle_); }) && isOpen();
 }
 
 void Recordset::update(std::string_view field, std::string_view value) const {

@@ -35,6 +35,9 @@ public:
     [[nodiscard]] std::string text(std::string_view name) const;  ///< "" for a blank value
     /// Nothing when the read was skipped, so that a failing service does not blank what the value was meant for.
     [[nodiscard]] std::optional<std::string> textIfRead(std::string_view name) const;
+    /// Nothing when the read was skipped or the value is no date (no truth value); a null is neither.
+    [[nodiscard]] std::optional<Date> dateIfRead(std::string_view name) const;
+    [[nodiscard]] std::optional<bool> truthIfRead(std::string_view name) const;
     /// The fallback for a blank value and for one that is no number.
     [[nodiscard]] std::int32_t number(std::string_view name, std::int32_t fallback) const;
     [[nodiscard]] bool truth(std::string_view name) const;  ///< false for a blank value
@@ -55,6 +58,7 @@ private:
     friend class KeptPosition;
 
     [[nodiscard]] HostDatabase& database() const;
+    [[nodiscard]] bool isOpen() const { return handle_ != kNoRecordset; }
 
     std::shared_ptr<HostDatabase> database_;
     RecordsetHandle handle_ = kNoRecordset;

@@ -4,6 +4,7 @@
 #include "hostdata/modSettings.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -38,6 +39,9 @@ inline constexpr std::string_view kClientNoLongerExists = "<Client no longer exi
 [[nodiscard]] bool validAppointmentID(std::int32_t appointmentID);
 [[nodiscard]] bool validDocketID(std::int32_t docketID);
 [[nodiscard]] bool validTaskID(std::int32_t taskID);
+/// Nothing when it could not be told: what is deleted because its record is gone waits for a certain answer.
+[[nodiscard]] std::optional<bool> validAppointmentIDIfTold(std::int32_t appointmentID);
+[[nodiscard]] std::optional<bool> validTaskIDIfTold(std::int32_t taskID);
 [[nodiscard]] bool validFirmID(std::int32_t companyID);
 [[nodiscard]] bool validEmployeeID(std::int32_t contactID);
 

@@ -3,6 +3,7 @@
 #include "hostdata/HostServices.h"
 #include "platform/Routine.h"
 
+#include <optional>
 #include <span>
 
 namespace wmoutlook::modDatabaseFunctions {
@@ -47,15 +48,16 @@ std::int32_t lookUpNumber(const LookUp& lookUp, std::int32_t number) {
     return found;
 }
 
-bool hasRow(std::string_view errorTag, std::string_view table, std::string_view key, std::int32_t number) {
-    bool isThere = false;
+/// Nothing when the database is closed or does not tell.
+std::optional<bool> hasRow(std::string_view errorTag, std::string_view table, std::string_view key, std::int32_t number) {
+    std::optional<bool> isThere;
     Routine routine{errorTag};
     routine.run([&] {
         if (!isDatabaseOpen()) return;
         const std::string column{key};
         const Recordset rows{"SELECT " + std::string{table} + "." + column + " FROM " + std::string{table} + " WHERE " + column +
                              " = " + toText(number) + ";"};
-        isThere = rows.hasRows();
+        isThere = rows.hasRowsIfTold();
     });
     return isThere;
 }
@@ -197,35 +199,45 @@ bool isContactDefaultContact(std::int32_t contactID, std::int32_t companyID) {
 }
 
 bool validCompanyID(std::int32_t companyID) {
-    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validCompanyID", "Companies", "CompanyID", companyID);
+    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validCompanyID", "Companies", "CompanyID", companyID).value_or(false);
 }
 
 bool validContactID(std::int32_t contactID) {
-    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validContactID", "Contacts", "ContactID", contactID);
+    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validContactID", "Contacts", "ContactID", contactID).value_or(false);
 }
 
 bool validCategoryID(std::int32_t categoryID) {
-    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validCategoryID", "Categories", "CategoryID", categoryID);
+    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validCategoryID", "Categories", "CategoryID", categoryID).value_or(false);
 }
 
 bool validAppointmentID(std::int32_t appointmentID) {
+    return validAppointmentIDIfTold(appointmentID).value_or(false);
+}
+
+std::optional<bool> validAppointmentIDIfTold(std::int32_t appointmentID) {
     return hasRow("Tallowbrook.exe-modDatabaseFunctions-validAppointmentID", "Appointments", "AppointmentID", appointmentID);
 }
 
 bool validDocketID(std::int32_t docketID) {
-    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validDocketID", "Dockets", "DocketID", docketID);
+    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validDocketID", "Dockets", "DocketID", docketID).value_or(false);
 }
 
 bool validTaskID(std::int32_t taskID) {
+    return validTaskIDIfTold(taskID).value_or(false);
+}
+
+std::optional<bool> validTaskIDIfTold(std::int32_t taskID) {
     return hasRow("Tallowbrook.exe-modDatabaseFunctions-validTaskID", "Tasks", "TaskID", taskID);
 }
 
 bool validFirmID(std::int32_t companyID) {
-    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validFirmID", "AccountantFirmInfo", "CompanyID", companyID);
+    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validFirmID", "AccountantFirmInfo", "CompanyID", companyID)
+        .value_or(false);
 }
 
 bool validEmployeeID(std::int32_t contactID) {
-    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validEmployeeID", "AccountantEmployeeInfo", "ContactID", contactID);
+    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validEmployeeID", "AccountantEmployeeInfo", "ContactID", contactID)
+        .value_or(false);
 }
 
 std::string getMainBusinessSQLString(bool filtered, ClientActivity activity, std::int32_t clientDataID) {

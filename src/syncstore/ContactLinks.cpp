@@ -7,6 +7,7 @@
 #include "platform/Routine.h"
 #include "platform/ValueHelper.h"
 #include "platform/outlook/PropertyNames.h"
+#include "syncstore/LinkQuery.h"
 
 namespace wmoutlook {
 
@@ -83,13 +84,8 @@ std::string_view ContactLinks::nameOf(HostField field) {
     return field == HostField::companyNum ? "CompanyNum" : "ContactNum";
 }
 
-std::string ContactLinks::linksOf(std::string_view storeID) const {
-    return "SELECT OutlookSync.* From OutlookSync WHERE DataFileID = '" + run_.options.dataFileUniqueID +
-           "' AND FolderStoreID = '" + std::string{storeID} + "';";
-}
-
 bool ContactLinks::findOutlookID(HostField field, std::int32_t number, std::string_view storeID, std::string& entryID) const {
-    const Recordset links{linksOf(storeID)};
+    const Recordset links{linksOfStore(run_, storeID) + ";"};
     if (!links.findFirst(nameOf(field), number)) return false;
     entryID = links.text("OutlookID");
     return true;
@@ -124,7 +120,7 @@ std::string ContactLinks::getOutlookIDFromTallowbrookContactID(std::int32_t cont
 /// The number is given by reference, so that it is kept when the close of the set leaves the routine.
 void ContactLinks::findHostNumber(HostField field, std::string_view entryID, std::string_view storeID,
                                   std::optional<std::int32_t>& number) const {
-    const Recordset links{linksOf(storeID)};
+    const Recordset links{linksOfStore(run_, storeID) + ";"};
     if (!links.findFirst("OutlookID", entryID)) return;
     const Variant value = links.field(nameOf(field));
     if (!ValueHelper::isNullOrEmpty(value)) number = statement([&] { return Number{value.toInteger()}; });
@@ -184,7 +180,7 @@ void ContactLinks::addLink(const Recordset& links, HostField field, std::int32_t
 void ContactLinks::saveByHostNumber(HostField field, std::int32_t number, std::string_view entryID,
                                     std::string_view storeID) const {
     if (!isDatabaseOpen()) return;
-    const Recordset links{linksOf(storeID), LockCode::updatable};
+    const Recordset links{linksOfStore(run_, storeID) + ";", LockCode::updatable};
     if (!links.findFirst(nameOf(field), number)) {
         if (links.noMatch()) addLink(links, field, number, entryID, storeID);
         return;
@@ -197,7 +193,7 @@ void ContactLinks::saveByHostNumber(HostField field, std::int32_t number, std::s
 
 void ContactLinks::saveByEntryID(HostField field, std::string_view entryID, std::string_view storeID, std::int32_t number) const {
     if (!isDatabaseOpen()) return;
-    const Recordset links{linksOf(storeID), LockCode::updatable};
+    const Recordset links{linksOfStore(run_, storeID) + ";", LockCode::updatable};
     if (!links.findFirst("OutlookID", entryID)) {
         if (links.noMatch()) addLink(links, field, number, entryID, storeID);
         return;

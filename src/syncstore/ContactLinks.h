@@ -52,7 +52,6 @@ private:
     };
 
     static std::string_view nameOf(HostField field);
-    [[nodiscard]] std::string linksOf(std::string_view storeID) const;
     [[nodiscard]] bool findOutlookID(HostField field, std::int32_t number, std::string_view storeID, std::string& entryID) const;
     void findHostNumber(HostField field, std::string_view entryID, std::string_view storeID,
                         std::optional<std::int32_t>& number) const;

@@ -18,6 +18,15 @@ void showProgressMessage(std::shared_ptr<ProgressDialog> dialog, std::string_vie
     statement([&] { shown(dialog).setMessage(message); });
 }
 
+void showProgressCaption(std::shared_ptr<ProgressDialog> dialog, std::string_view caption) {
+    statement([&] { shown(dialog).setCaption(caption); });
+}
+
+void startProgress(std::shared_ptr<ProgressDialog> dialog, std::int32_t maximum) {
+    statement([&] { shown(dialog).setValue(1); });
+    statement([&] { shown(dialog).setMaximum(maximum); });
+}
+
 void stepProgress(std::shared_ptr<ProgressDialog> dialog) {
     statement([&] { shown(dialog).setValue(shown(dialog).value() + 1); });
 }

@@ -74,6 +74,8 @@ struct SyncRun {
 // Each of the following is a statement of the current routine, which holds the dialog; on a dialog that is nothing it fails.
 
 void showProgressMessage(std::shared_ptr<ProgressDialog> dialog, std::string_view message);
+void showProgressCaption(std::shared_ptr<ProgressDialog> dialog, std::string_view caption);
+void startProgress(std::shared_ptr<ProgressDialog> dialog, std::int32_t maximum);  ///< puts the bar to 1 of so many
 /// Adds one to the bar's value without comparing it with the maximum: a walk steps for rows outside the selection too.
 void stepProgress(std::shared_ptr<ProgressDialog> dialog);
 void closeProgress(std::shared_ptr<ProgressDialog>& dialog);  ///< closes and releases it

@@ -43,7 +43,7 @@ public:
     void setValue(std::int32_t value) override;
     void setDisplayOptions(const ProgressDisplayOptions&) override {}
     void setIcon(std::int32_t) override {}
-    void setCaption(std::string_view) override {}
+    void setCaption(std::string_view caption) override { setMessage(caption); }  ///< there is one line for both
 
     void show(bool modal) override;
     void close() override;
