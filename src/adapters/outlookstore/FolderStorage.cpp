@@ -77,6 +77,12 @@ void FolderStorage::addStore(std::string_view key, std::string_view name) {
     whole.release();
 }
 
+void FolderStorage::requireDefaultFolders() {
+    if (childCount(kNoParent) == 0) connection_.refuse("is damaged: it has no root folder");
+    for (const KindRow& row : kKinds)
+        if (!findDefault(row.kind)) connection_.refuse(std::string{"lacks the default folder \""}.append(row.name).append("\""));
+}
+
 bool FolderStorage::hasStoreKey(std::string_view key) {
     auto run = storeByKey_.run();
     return run.bind(1, key).next();
@@ -86,7 +92,7 @@ std::shared_ptr<const StoreRow> FolderStorage::store(std::int64_t number) {
     auto& known = stores_[number];
     if (!known) {
         auto run = storeByNumber_.run();
-        if (!run.bind(1, number).next()) throw OutlookError{-1, "The Outlook store is damaged: a folder belongs to no store"};
+        if (!run.bind(1, number).next()) connection_.refuse("is damaged: a folder belongs to no store");
         known = std::make_shared<const StoreRow>(StoreRow{run.integer(0), run.text(1), run.text(2)});
     }
     return known;
@@ -97,7 +103,7 @@ std::optional<FolderRow> FolderStorage::read(Statement::Run& run) {
     const std::int64_t type = run.integer(3);
     // A parent is older than its child: with that, no way up or down the tree can go in a circle.
     if (run.integer(1) >= run.integer(0) || type < 0 || type > 3)
-        throw OutlookError{-1, "Folder " + std::to_string(run.integer(0)) + " of the Outlook store is damaged"};
+        connection_.refuse("is damaged: folder " + std::to_string(run.integer(0)) + " has no place or type that can be");
     return FolderRow{run.integer(0), run.integer(1), run.text(2), static_cast<ItemType>(type), store(run.integer(4))};
 }
 

@@ -39,6 +39,8 @@ public:
 
     /// Makes a store with its root and default folders. `key` must be new; a name that cannot be is an OutlookError.
     void addStore(std::string_view key, std::string_view name);
+    /// Throws OutlookError when the default store is gone, or one of its folders that every Outlook has.
+    void requireDefaultFolders();
     [[nodiscard]] bool hasStoreKey(std::string_view key);
     [[nodiscard]] std::shared_ptr<const StoreRow> store(std::int64_t number);
 

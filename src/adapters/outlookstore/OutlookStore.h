@@ -22,7 +22,8 @@ struct OutlookStoreOptions {
 };
 
 /// Opens an embedded Outlook store: one file with one or more stores, their folders and items. Throws OutlookError with one
-/// sentence that names the file when it is missing, is no Outlook store, cannot be written to or stays locked by another process.
+/// sentence that names the file when it is missing, is no Outlook store, is damaged, lacks a table or column, cannot be written to or
+/// stays locked by another process.
 [[nodiscard]] std::shared_ptr<outlook::port::Automation> openOutlookStore(const std::string& path,
                                                                           const OutlookStoreOptions& options = {});
 

@@ -1,5 +1,7 @@
 #include "adapters/outlookstore/Schema.h"
 
+#include "adapters/outlookstore/StoreCheck.h"
+
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -69,12 +71,38 @@ std::int64_t bigEndian(std::string_view bytes) {
 }
 
 [[noreturn]] void refuse(const std::string& path, std::string_view why) {
-    throw OutlookError{-1, std::string{"The file "}.append(path).append(" ").append(why).append(kWayOut)};
+    throw OutlookError{-1, std::string{"The file \""}.append(path).append("\" ").append(why).append(kWayOut)};
 }
 
-[[noreturn]] void refuseVersion(const std::string& path, std::int64_t version) {
-    throw OutlookError{-1, "The Outlook store " + path + " has the file version " + std::to_string(version) +
-                               ", which this program does not know; open it with the program that made it"};
+void requireFile(const std::string& path) {
+    if (path.empty()) throw OutlookError{-1, std::string{"The name of the Outlook store's file is empty"}.append(kWayOut)};
+    std::error_code error;
+    const auto type = std::filesystem::status(path, error).type();
+    if (type == std::filesystem::file_type::not_found) refuse(path, "does not exist");
+    if (type == std::filesystem::file_type::directory) refuse(path, "is a folder, not an Outlook store");
+    if (type != std::filesystem::file_type::regular) refuse(path, "is no Outlook store");
+}
+
+void checkVersion(const Connection& connection, const std::string& path, std::int64_t version) {
+    if (version < 1) connection.refuse("is damaged: its version is " + std::to_string(version));
+    if (version > kVersion)
+        throw OutlookError{-1, "The Outlook store \"" + path + "\" was made by a newer version of this program (file version " +
+                                   std::to_string(version) + ", known up to " + std::to_string(kVersion) +
+                                   "); open it with that one"};
+}
+
+/// The pages that the file's header counts are all there. What still stands in the log beside the file may end behind it.
+void checkLength(const Connection& connection, const std::string& path, std::string_view header) {
+    std::error_code error;
+    const auto logSize = std::filesystem::file_size(path + "-wal", error);
+    if (!error && logSize > 0) return;
+    const std::int64_t pages = bigEndian(header.substr(28, 4));
+    const std::int64_t pageSize = bigEndian(header.substr(16, 2));
+    const std::int64_t expected = pages * (pageSize == 1 ? 65536 : pageSize);
+    const auto size = static_cast<std::int64_t>(std::filesystem::file_size(path, error));
+    if (!error && size < expected)
+        connection.refuse("is damaged: it is cut short to " + std::to_string(size) + " of " + std::to_string(expected) +
+                          " bytes");
 }
 
 /// By the file's own header, not by SQLite's reading, which would roll back or check point another program's file.
@@ -84,8 +112,8 @@ void checkHeader(const Connection& connection, const std::string& path) {
     if (!header.starts_with(kMagic)) refuse(path, "is no Outlook store");
     const std::string_view bytes = header;
     if (bigEndian(bytes.substr(68, 4)) != kApplicationID) refuse(path, "is no Outlook store but another kind of database");
-    const std::int64_t version = bigEndian(bytes.substr(60, 4));
-    if (version < 1 || version > kVersion) refuseVersion(path, version);
+    checkVersion(connection, path, bigEndian(bytes.substr(60, 4)));
+    checkLength(connection, path, bytes);
 }
 
 std::string setVersion() {
@@ -100,7 +128,7 @@ void migrate(Connection& connection, const std::string& path) {
         if (run.next()) version = run.integer(0);
     }
     if (version == kVersion) return;
-    if (version < 1 || version > kVersion) refuseVersion(path, version);
+    checkVersion(connection, path, version);
     Savepoint whole{connection, kUpdating};
     for (; version < kVersion; ++version)
         connection.execute(std::string{kMigrations.at(static_cast<std::size_t>(version - 1))}, kUpdating);
@@ -112,20 +140,28 @@ void setDurability(Connection& connection, Durability durability) {
     // A saved item takes about ten pages of the log: with 4,000 of them the log is synced once in some 400 items.
     connection.execute(std::string{"PRAGMA synchronous = "} + (durability == Durability::full ? "FULL" : "NORMAL") +
                            "; PRAGMA wal_autocheckpoint = 4000; PRAGMA cache_size = -16000; PRAGMA cell_size_check = ON;",
-                       "setting the file's durability");
+                       "opening it");
+}
+
+void requireTables(Connection& connection) {
+    Connection model{":memory:", 0};
+    model.execute(std::string{kTables}, "making the tables to compare with");
+    requireShape(connection, model);
+    requireRows(connection);
 }
 
 }  // namespace
 
 void createStoreFile(const std::string& path, const std::function<void(Connection&)>& fill) {
+    if (path.empty()) throw OutlookError{-1, "The name of the new Outlook store's file is empty; name another one"};
     // Opened for exclusive creation: a file that another process makes at this moment is not overwritten either.
     std::FILE* const file = std::fopen(path.c_str(), "wbx");
     std::error_code error;
     if (file == nullptr)
         throw OutlookError{
-            -1, "The file " + path +
-                    (std::filesystem::exists(path, error) ? " exists already; name another one"
-                                                          : " cannot be made; name one in a folder that can be written to")};
+            -1, "The file \"" + path +
+                    (std::filesystem::exists(path, error) ? "\" exists already; name another one"
+                                                          : "\" cannot be made; name one in a folder that can be written to")};
     std::fclose(file);
     try {
         Connection connection{path, 0};
@@ -142,15 +178,15 @@ void createStoreFile(const std::string& path, const std::function<void(Connectio
 }
 
 std::unique_ptr<Connection> openStoreFile(const std::string& path, Durability durability, int busyTimeoutMilliseconds) {
-    std::error_code error;
-    if (!std::filesystem::exists(path, error)) refuse(path, "does not exist");
-    if (!std::filesystem::is_regular_file(path, error)) refuse(path, "is no Outlook store");
+    requireFile(path);
     auto connection = std::make_unique<Connection>(path, busyTimeoutMilliseconds);
     checkHeader(*connection, path);
     if (connection->isReadOnly())
-        throw OutlookError{-1, "The Outlook store " + path + " cannot be written to; give this user the right to write the file"};
+        throw OutlookError{-1,
+                           "The Outlook store \"" + path + "\" cannot be written to; give this user the right to write the file"};
     setDurability(*connection, durability);
     migrate(*connection, path);
+    requireTables(*connection);
     return connection;
 }
 

@@ -11,7 +11,8 @@
 namespace wmoutlook::outlookstore {
 
 /// Opens a file that is an Outlook store and brings it up to this program's version. Throws OutlookError, one sentence with
-/// the way out, for a file that is missing or something else: then only its first bytes were read and nothing on disk changed.
+/// the way out, for a file that is missing, something else (then only its first bytes were read) or a store that lacks what every run
+/// needs: nothing on disk has changed then.
 [[nodiscard]] std::unique_ptr<Connection> openStoreFile(const std::string& path, Durability durability,
                                                         int busyTimeoutMilliseconds);
 

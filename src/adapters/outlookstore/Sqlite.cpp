@@ -4,12 +4,39 @@
 
 namespace wmoutlook::outlookstore {
 
+namespace {
+
+constexpr std::string_view kWayOut = "; restore a backup of it, or make a new one with \"tallowsync new-outlook FILE\"";
+
+std::string named(const std::string& path) {
+    return "The Outlook store \"" + path + "\"";
+}
+
+/// What the engine's code means for whoever owns the file. `detail` is shown only where it speaks of the store's own tables.
+std::string faultOf(int code, const std::string& failed, const char* detail) {
+    switch (code & 0xFF) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED: return " is locked by another process; try again when that has finished";
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB: return " is damaged: " + failed + std::string{kWayOut};
+        case SQLITE_PERM:
+        case SQLITE_READONLY:
+        case SQLITE_CANTOPEN:
+            return " cannot be written to: " + failed + "; give this user the right to write the file and its folder";
+        case SQLITE_ERROR: return " cannot be used: " + failed + " (" + detail + ")";
+        default: return ": " + failed + ": " + sqlite3_errstr(code);
+    }
+}
+
+}  // namespace
+
 Connection::Connection(const std::string& path, int busyTimeoutMilliseconds) : path_(path) {
     const int code =
         sqlite3_open_v2(path.c_str(), &handle_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     if (code != SQLITE_OK) {
         sqlite3_close_v2(handle_);
-        throw OutlookError{code, "The Outlook store " + path + " cannot be opened: " + sqlite3_errstr(code)};
+        throw OutlookError{code, named(path) + " cannot be opened (" + sqlite3_errstr(code) +
+                                     "); check the permissions of the file and of its folder"};
     }
     sqlite3_busy_timeout(handle_, busyTimeoutMilliseconds);
     sqlite3_db_config(handle_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
@@ -22,12 +49,12 @@ Connection::~Connection() {
     sqlite3_close_v2(handle_);
 }
 
+void Connection::refuse(std::string_view fault) const {
+    throw OutlookError{-1, named(path_).append(" ").append(fault).append(kWayOut)};
+}
+
 void Connection::fail(int code, std::string_view attempt) const {
-    const int primary = code & 0xFF;
-    if (primary == SQLITE_BUSY || primary == SQLITE_LOCKED)
-        throw OutlookError{code,
-                           "The Outlook store " + path_ + " is locked by another process; try again when that has finished"};
-    throw OutlookError{code, "The Outlook store " + path_ + ": " + std::string{attempt} + " failed: " + sqlite3_errstr(code)};
+    throw OutlookError{code, named(path_) + faultOf(code, std::string{attempt} + " failed", sqlite3_errmsg(handle_))};
 }
 
 void Connection::execute(const std::string& sql, std::string_view attempt) {

@@ -31,6 +31,8 @@ public:
     [[nodiscard]] std::string firstBytes(std::size_t count) const;
     [[nodiscard]] sqlite3* handle() const { return handle_; }
     [[noreturn]] void fail(int code, std::string_view attempt) const;
+    /// Throws OutlookError for a store that cannot be used as it lies there ("lacks ...", "is damaged: ..."), with the way out.
+    [[noreturn]] void refuse(std::string_view fault) const;
 
 private:
     std::string path_;

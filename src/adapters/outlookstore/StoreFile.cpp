@@ -27,6 +27,7 @@ StoreFile::StoreFile(const std::string& path, const OutlookStoreOptions& options
       connection_(openStoreFile(path, options.durability, options.busyTimeoutMilliseconds)),
       folders_(std::make_unique<FolderStorage>(*connection_)),
       items_(std::make_unique<ItemStorage>(*connection_)) {
+    folders_->requireDefaultFolders();
     // Who cannot write hears it here and not at the first record.
     connection_->execute(dryRun_ ? "BEGIN IMMEDIATE" : "BEGIN IMMEDIATE; ROLLBACK", "opening it for writing");
 }

@@ -101,11 +101,12 @@ TEST_F(OutlookStoreFile, AnotherKindOfFileIsRefusedInOneSentenceAndStaysAsItIs) 
     newer[63] = '\x63';
     make("newer.db", newer);
     std::filesystem::create_directory(folder.file("folder.db"));
+    EXPECT_NE(messageOf([] { static_cast<void>(openOutlookStore("")); }).find("is empty; "), std::string::npos);
     for (const auto* name : {"missing.db", "empty.db", "short.db", "letter.txt", "cut.db", "firm.db", "newer.db", "folder.db"}) {
         SCOPED_TRACE(name);
         const std::string before = bytesOf(folder.file(name));
         const std::string message = messageOf([&] { static_cast<void>(openOutlookStore(folder.file(name))); });
-        EXPECT_NE(message.find(folder.file(name)), std::string::npos) << message;
+        EXPECT_NE(message.find('"' + folder.file(name) + '"'), std::string::npos) << message;
         EXPECT_NE(message.find("; "), std::string::npos) << "it names the way out: " << message;
         EXPECT_EQ(message.find('\n'), std::string::npos);
         EXPECT_EQ(bytesOf(folder.file(name)), before);
@@ -145,16 +146,79 @@ TEST_F(OutlookStoreFile, DamageIsAnErrorAndTheWalkGoesOnBehindIt) {
 }
 
 TEST_F(OutlookStoreFile, AFolderTreeThatRunsInACircleIsDamage) {
-    std::string contacts;
+    std::string clients;
     std::string store;
     {
         const Session session{path};
-        contacts = session.contacts->entryID();
+        clients = session.contacts->folders()->add("Clients", outlook::DefaultFolder::contacts)->entryID();
         store = session.contacts->storeID();
     }
-    RawFile{path}.run("UPDATE Folders SET ParentNumber = FolderNumber WHERE Name = 'Contacts'");
+    RawFile{path}.run("UPDATE Folders SET ParentNumber = FolderNumber WHERE Name = 'Clients'");
     const auto session = openOutlookStore(path)->getRunning()->getNamespace("MAPI");
-    EXPECT_NE(messageOf([&] { static_cast<void>(session->getFolderFromID(contacts, store)); }).find("is damaged"),
+    EXPECT_NE(messageOf([&] { static_cast<void>(session->getFolderFromID(clients, store)); }).find("is damaged"),
+              std::string::npos);
+}
+
+TEST_F(OutlookStoreFile, DamageThatMattersToEveryRunIsToldAtOpeningAndNothingIsWritten) {
+    const std::string whole = bytesOf(path);
+    const auto page = [&](const std::string& name) {
+        return std::stoul(RawFile{path}.text("SELECT rootpage FROM sqlite_schema WHERE name = '" + name + "'"));
+    };
+    struct Case {
+        std::string damage, said;
+        std::size_t size = std::string::npos;  ///< to which the file is cut
+        std::size_t overwritten = 0;           ///< number of a page
+    };
+    for (const Case& c :
+         {Case{"DROP TABLE Stores", R"(lacks the table "Stores")"}, Case{"DROP TABLE Counters", R"(lacks the table "Counters")"},
+          Case{"ALTER TABLE Items RENAME TO Things; CREATE VIEW Items AS SELECT * FROM Things", R"(lacks the table "Items")"},
+          Case{"ALTER TABLE Items DROP COLUMN Modified", R"(lacks the column "Modified" of the table "Items")"},
+          Case{"DELETE FROM Counters", "HighestDeletedItem"}, Case{"DELETE FROM Stores", R"(the table "Stores" is empty)"},
+          Case{"DELETE FROM Folders", "no root folder"},
+          Case{"UPDATE Folders SET Role = NULL WHERE Name = 'Tasks'", R"(lacks the default folder "Tasks")"},
+          Case{"UPDATE Folders SET ParentNumber = FolderNumber WHERE Name = 'Contacts'", "is damaged"},
+          Case{"PRAGMA user_version = 0", "is damaged: its version is 0"},
+          Case{"PRAGMA user_version = 2", "newer version of this program"}, Case{"", "cut short", 4096},
+          Case{"", "cut short", whole.size() - 1},
+          Case{"", "is damaged: reading a default folder failed", std::string::npos, page("Folders")},
+          Case{"", "is damaged: reading a default folder failed", std::string::npos, page("Stores")},
+          Case{"", "is damaged: opening it failed", std::string::npos, 1}}) {
+        SCOPED_TRACE(c.damage + c.said);
+        std::string bytes = whole.substr(0, c.size);
+        const std::size_t head = c.overwritten == 1 ? 100 : 0;  // of the file, without which it is no store at all
+        if (c.overwritten > 0) bytes.replace((c.overwritten - 1) * 4096 + head, 4096 - head, 4096 - head, '\x7E');
+        std::ofstream{path, std::ios::binary} << bytes;
+        RawFile{path}.run(c.damage);
+        const std::string before = bytesOf(path);
+        const std::string message = messageOf([&] { static_cast<void>(openOutlookStore(path)); });
+        EXPECT_EQ(message.rfind("The Outlook store \"" + path + "\" ", 0), 0U) << message;
+        EXPECT_NE(message.find(c.said), std::string::npos) << message;
+        EXPECT_NE(message.find("; "), std::string::npos) << "it names the way out: " << message;
+        EXPECT_EQ(bytesOf(path), before);
+        for (const auto* const side : {"-wal", "-shm"}) EXPECT_FALSE(std::filesystem::exists(path + side));
+    }
+}
+
+TEST_F(OutlookStoreFile, MoreTablesAndColumnsInAnotherSpellingAreNoDamage) {
+    RawFile{path}.run(
+        "CREATE TABLE Signatures (Text); ALTER TABLE Items ADD COLUMN Flag; ALTER TABLE items RENAME TO other; "
+        "ALTER TABLE other RENAME TO ITEMS; ALTER TABLE ITEMS RENAME COLUMN Modified TO mODIFIED");
+    EXPECT_NO_THROW(Session{path}.add("Anne"));
+}
+
+TEST_F(OutlookStoreFile, APageThatIsDamagedDuringARunIsOneSentence) {
+    const Session session{path};
+    for (int i = 0; i < 100; ++i) session.add("Somebody " + std::to_string(i));
+    const RawFile raw{path};
+    raw.run("PRAGMA wal_checkpoint(TRUNCATE)");
+    const auto root = std::stol(raw.text("SELECT rootpage FROM sqlite_schema WHERE name = 'Items'"));
+    std::fstream{path, std::ios::binary | std::ios::in | std::ios::out}.seekp((root - 1) * 4096) << std::string(4096, '\x7E');
+    const Session later{path};
+    const std::string message = messageOf([&] { static_cast<void>(later.contacts->items()->getFirst()); });
+    EXPECT_EQ(message.rfind("The Outlook store \"" + path + "\" is damaged: reading the items of a folder failed; restore", 0),
+              0U)
+        << message;
+    EXPECT_NE(messageOf([&] { static_cast<void>(later.add("Anne Tremblay")); }).find("is damaged: saving a new item failed"),
               std::string::npos);
 }
 
@@ -234,7 +298,7 @@ TEST_F(OutlookStoreFile, AFileThatAnotherProcessHoldsIsAnErrorAndUsableAfterward
     {
         const RawFile other{path};
         other.run("BEGIN IMMEDIATE");
-        EXPECT_NE(messageOf([&] { static_cast<void>(openOutlookStore(path, impatient)); }).find(path + " is locked"),
+        EXPECT_NE(messageOf([&] { static_cast<void>(openOutlookStore(path, impatient)); }).find(path + "\" is locked"),
                   std::string::npos);
         item->put(outlook::property::FileAs, "After");
         EXPECT_NE(messageOf([&] { item->save(); }).find("locked"), std::string::npos);
