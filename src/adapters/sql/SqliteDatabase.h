@@ -22,8 +22,8 @@ struct SqliteOptions {
     int busyTimeoutMilliseconds = 2000;  ///< how long to wait for another process that holds the file
 };
 
-/// Opens a firm's file. Throws DatabaseError with one sentence that names the file when it is missing, is no database,
-/// lacks a table of the reference schema, cannot be written to (unless readOnly) or stays locked by another process.
+/// Opens a firm's file. Throws DatabaseError with one sentence that names the file when it is missing, is no database, is cut
+/// short, lacks a table or column of the reference schema (it may have more), cannot be written to (unless readOnly) or stays locked by another process.
 [[nodiscard]] std::shared_ptr<HostDatabase> openSqliteDatabase(const std::string& path, const SqliteOptions& options = {});
 
 /// What the work on a database has cost so far.

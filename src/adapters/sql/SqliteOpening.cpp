@@ -6,6 +6,9 @@
 #include <sqlite3.h>
 
 #include <filesystem>
+#include <map>
+#include <set>
+#include <utility>
 
 namespace wmoutlook::sql {
 
@@ -20,10 +23,13 @@ std::filesystem::path nativePath(const std::string& path) {
 }
 
 void requireFile(const std::string& path) {
+    if (path.empty()) fail(Fault::cannotOpen, named(path) + " has no name; give the path of a firm's file.");
     std::error_code error;
     const auto status = std::filesystem::status(nativePath(path), error);
     if (status.type() == std::filesystem::file_type::not_found)
         fail(Fault::cannotOpen, named(path) + " does not exist; check the path, or create the file first.");
+    if (status.type() == std::filesystem::file_type::directory)
+        fail(Fault::cannotOpen, named(path) + " is a folder; give the path of a firm's file.");
     if (status.type() != std::filesystem::file_type::regular)
         fail(Fault::cannotOpen, named(path) + " is not a regular file; give the path of a firm's file.");
 }
@@ -48,19 +54,75 @@ void requireFile(const std::string& path) {
     }
 }
 
-bool hasTable(SqliteConnection& connection, std::string_view table) {
-    const auto statement =
-        connection.prepare("SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = ?1 COLLATE NOCASE", TextOrigin::adapter);
+std::int64_t numberOf(SqliteConnection& connection, const std::string& text) {
+    const auto statement = connection.prepare(text, TextOrigin::adapter);
     const Run run{*statement};
-    run->bind(1, Cell::of(table));
-    return run->step();
+    return run->step() ? run->cell(0).integer : 0;
 }
 
-void requireTables(SqliteConnection& connection) {
-    for (const std::string_view table : referenceTables())
-        if (!hasTable(connection, table))
+/// Reads the file for the first time.
+void readTables(SqliteConnection& connection) {
+    static_cast<void>(numberOf(connection, "SELECT count(*) FROM sqlite_schema"));
+}
+
+/// The engine takes a last page that is cut short for a whole one. What still stands in the log may end behind the file.
+void requireLength(SqliteConnection& connection) {
+    std::error_code error;
+    const auto logSize = std::filesystem::file_size(nativePath(connection.path() + "-wal"), error);
+    if (!error && logSize > 0) return;
+    const std::int64_t expected = numberOf(connection, "PRAGMA page_count") * numberOf(connection, "PRAGMA page_size");
+    const auto size = static_cast<std::int64_t>(std::filesystem::file_size(nativePath(connection.path()), error));
+    if (!error && size < expected)
+        fail(Fault::cannotOpen, named(connection.path()) + " is damaged: it is cut short to " + std::to_string(size) + " of " +
+                                    std::to_string(expected) + " bytes; choose another file or restore a backup.");
+}
+
+std::string lower(std::string_view name) {
+    std::string result{name};
+    for (char& c : result)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    return result;
+}
+
+/// One query for all tables of the reference schema, so that a host with many more of its own is opened as fast.
+std::string presentColumnsText() {
+    std::string text =
+        "SELECT lower(t.name), lower(c.name) FROM sqlite_schema t JOIN pragma_table_info(t.name) c WHERE t.type = 'table' AND "
+        "lower(t.name) IN (";
+    std::string_view last;
+    for (const auto& [table, name] : referenceColumns())
+        if (table != std::exchange(last, table)) text += "'" + lower(table) + "',";
+    text.back() = ')';
+    return text;
+}
+
+using Columns = std::map<std::string, std::set<std::string>>;
+
+/// By table, all names in lower case: their spelling is the host's affair.
+Columns presentColumns(SqliteConnection& connection) {
+    const auto statement = connection.prepare(presentColumnsText(), TextOrigin::adapter);
+    const Run run{*statement};
+    Columns present;
+    while (run->step()) present[std::string{run->cell(0).text}].emplace(run->cell(1).text);
+    return present;
+}
+
+void requireColumns(SqliteConnection& connection) {
+    const Columns present = presentColumns(connection);
+    std::string first;
+    int more = -1;
+    for (const auto& [table, name] : referenceColumns()) {
+        const auto columns = present.find(lower(table));
+        if (columns == present.end())
             fail(Fault::cannotOpen, named(connection.path()) + " lacks the table \"" + std::string{table} +
                                         "\"; choose a firm's file, or create one with this program.");
+        if (columns->second.contains(lower(name))) continue;
+        if (++more == 0) first = "the column \"" + std::string{name} + "\" of the table \"" + std::string{table} + "\"";
+    }
+    if (more < 0) return;
+    fail(Fault::cannotOpen,
+         named(connection.path()) + " lacks " + first + (more > 0 ? " and " + std::to_string(more) + " more" : "") +
+             "; add what is missing as docs/schema.md declares it, or choose a firm's file that this version made.");
 }
 
 /// A file that may be written is opened so even for reading, with writing switched off, because only then the engine tidies up
@@ -68,7 +130,7 @@ void requireTables(SqliteConnection& connection) {
 std::unique_ptr<SqliteConnection> connectForReading(const std::string& path, int timeout) {
     try {
         auto connection = std::make_unique<SqliteConnection>(path, SqliteConnection::Mode::readWrite, timeout);
-        hasTable(*connection, "");
+        readTables(*connection);
         connection->execute("PRAGMA query_only = ON");
         return connection;
     } catch (const DatabaseError& error) {
@@ -80,7 +142,7 @@ std::unique_ptr<SqliteConnection> connectForReading(const std::string& path, int
 
 std::unique_ptr<SqliteConnection> connectForWriting(const std::string& path, int timeout) {
     auto connection = std::make_unique<SqliteConnection>(path, SqliteConnection::Mode::readWrite, timeout);
-    hasTable(*connection, "");  // reads the file for the first time
+    readTables(*connection);
     if (sqlite3_db_readonly(connection->get(), "main") != 0)
         fail(Fault::readOnly, named(path) + " cannot be written to; change its permissions, or open it for reading only.");
     connection->execute("BEGIN IMMEDIATE");  // another program that holds the file shows now and not in the middle of a run
@@ -109,7 +171,8 @@ std::unique_ptr<SqliteConnection> connect(const std::string& path, const SqliteO
 std::unique_ptr<SqliteConnection> connectToFirm(const std::string& path, const SqliteOptions& options) {
     try {
         auto connection = connect(path, options);
-        requireTables(*connection);
+        requireLength(*connection);
+        requireColumns(*connection);
         if (!options.readOnly && !options.dryRun) connection->execute("PRAGMA journal_mode = WAL");
         return connection;
     } catch (const DatabaseError& error) {

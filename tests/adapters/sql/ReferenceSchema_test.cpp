@@ -274,11 +274,15 @@ TEST_F(EmptyFirm, ARowWithNothingButItsKeyIsAnActiveClientWithoutLinks) {
     }
 }
 
-TEST_F(EmptyFirm, ListsEachTableItCreates) {
+TEST_F(EmptyFirm, ListsEachColumnItCreates) {
     std::vector<std::string> created =
-        run("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' ORDER BY name");
-    std::vector<std::string> listed{referenceTables().begin(), referenceTables().end()};
+        run("SELECT t.name, c.name FROM sqlite_master t, pragma_table_info(t.name) c WHERE t.type = 'table' AND t.name NOT LIKE "
+            "'sqlite%'");
+    std::vector<std::string> listed;
+    for (const ReferenceColumn& column : referenceColumns())
+        listed.push_back(std::string{column.table}.append("|").append(column.name));
     std::sort(listed.begin(), listed.end());
+    std::sort(created.begin(), created.end());
     EXPECT_EQ(listed, created);
 }
 

@@ -86,29 +86,52 @@ TEST_F(SqliteFile, AFileThatIsNoFirmIsRefusedByNameAndStaysAsItIs) {
     const std::string lacking = path("lacking");
     std::filesystem::copy_file(firm, lacking);
     Intruder{lacking}.run("DROP TABLE Reminders");
+    const auto withoutColumns = [&](std::string_view name, const std::string& change) {
+        std::filesystem::copy_file(firm, path(name));
+        Intruder{path(name)}.run(change);
+        return path(name);
+    };
     std::filesystem::create_directory(path("folder"));
     struct Case {
         std::string file, said;
     };
     for (const Case& c :
          {Case{path("missing"), "does not exist"},
-          {path("folder"), "not a regular file"},
+          {path("folder"), "is a folder; "},
+          {"", "has no name; "},
+          {"/dev/null", "not a regular file"},
           {write("letter.txt",
                  "Dear Sir, this is a letter of more than a hundred bytes, so that it could have the head of a database, "
                  "which it has not."),
            "no database"},
           {write("broken", contentOf(firm).substr(0, 5000)), "damaged"},
+          {write("cut", contentOf(firm).substr(0, contentOf(firm).size() - 1)), "is damaged: it is cut short to "},
           {write("empty", ""), "lacks the table"},
+          {withoutColumns("oldContacts", "ALTER TABLE Contacts DROP COLUMN Gender"),
+           R"(lacks the column "Gender" of the table "Contacts"; add )"},
+          {withoutColumns("oldLinks",
+                          "ALTER TABLE OutlookSync DROP COLUMN RepeatNum; ALTER TABLE OutlookScheme RENAME COLUMN "
+                          "SchemeName TO Name; ALTER TABLE Companies DROP COLUMN WebSite"),
+           R"(lacks the column "WebSite" of the table "Companies" and 2 more; add )"},
           {lacking, "lacks the table \"Reminders\""}}) {
         SCOPED_TRACE(c.file);
         const auto before = files();
         const std::string content = contentOf(c.file);
         const std::string message = messageOfOpening(c.file);
-        EXPECT_NE(message.find(c.file), std::string::npos) << message;
+        EXPECT_EQ(message.rfind("The database file \"" + c.file + "\" ", 0), 0U) << message;
         EXPECT_NE(message.find(c.said), std::string::npos) << message;
         EXPECT_EQ(files(), before);
         EXPECT_EQ(contentOf(c.file), content);
     }
+}
+
+TEST_F(SqliteFile, AHostMaySpellNamesItsWayAndHaveMore) {
+    Intruder{create()}.run(
+        "CREATE TABLE Invoices (InvoiceID, Total); ALTER TABLE Contacts ADD COLUMN Nickname; ALTER TABLE Contacts RENAME COLUMN "
+        "Gender TO gENDER; ALTER TABLE Reminders RENAME TO Renamed; ALTER TABLE Renamed RENAME TO REMINDERS");
+    const auto database = openSqliteDatabase(path());
+    addRow(*database, "Contacts", {{"DisplayName", "Ann"}, {"Gender", "1"}});
+    EXPECT_EQ(first(*database, "SELECT Contacts.* FROM Contacts;", "Gender"), "1");
 }
 
 TEST_F(SqliteFile, AFileThatAnotherProgramHoldsIsSaidToBeLocked) {

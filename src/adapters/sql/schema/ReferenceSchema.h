@@ -10,7 +10,12 @@ namespace wmoutlook {
 /// auto-number key is INTEGER PRIMARY KEY AUTOINCREMENT.
 [[nodiscard]] std::span<const std::string_view> referenceSchema();
 
-/// The names of the tables that it creates.
-[[nodiscard]] std::span<const std::string_view> referenceTables();
+struct ReferenceColumn {
+    std::string_view table;
+    std::string_view name;
+};
+
+/// The columns of the tables that it creates, table by table.
+[[nodiscard]] std::span<const ReferenceColumn> referenceColumns();
 
 }  // namespace wmoutlook
