@@ -90,6 +90,12 @@ Variant defaultOf(outlook::UserPropertyType type) {
     return Variant{absentDate()};
 }
 
+std::optional<std::int64_t> sortKeyOf(const ItemData& item, std::string_view dateProperty) {
+    const auto index = item.table().find(dateProperty);
+    if (!index) return std::nullopt;
+    return secondsSinceDayZero(item.valueOrDefault(*index).toDate());
+}
+
 std::string_view defaultMessageClass(outlook::ItemType type) {
     switch (type) {
         case outlook::ItemType::appointment: return "IPM.Appointment";

@@ -4,6 +4,8 @@
 #include "platform/Variant.h"
 #include "platform/outlook/ObjectModel.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,6 +50,9 @@ private:
 
 /// Outlook's default of a user property of this type.
 [[nodiscard]] Variant defaultOf(outlook::UserPropertyType type);
+/// Where the item stands when its folder is sorted by this date: whole seconds since day 0, an absent date as 1 January 4501.
+/// Nothing when its type has no such property.
+[[nodiscard]] std::optional<std::int64_t> sortKeyOf(const ItemData& item, std::string_view dateProperty);
 [[nodiscard]] std::string_view defaultMessageClass(outlook::ItemType type);
 
 }  // namespace wmoutlook::outlookstore

@@ -44,13 +44,18 @@ LoadedItem loaded(const Statement::Run& run) {
     }
 }
 
-/// Parameters first, first + 1, ... in the order of kIndexedProperties.
+/// Parameters first, first + 1, ... in the order of kIndexedProperties, then of kSortedProperties.
 void bindKeys(Statement::Run& run, int first, const ItemData& data, std::array<std::string, kIndexedProperties.size()>& keys) {
     for (std::size_t i = 0; i < kIndexedProperties.size(); ++i, ++first) {
         const auto index = data.table().find(kIndexedProperties[i]);
         const std::string_view text = index ? data.text(*index) : std::string_view{};
         keys[i] = lowerCase(text);
         text.empty() ? run.bindNull(first) : run.bind(first, std::string_view{keys[i]});
+    }
+    for (const std::string_view property : kSortedProperties) {
+        const auto key = sortKeyOf(data, property);
+        key ? run.bind(first, *key) : run.bindNull(first);
+        ++first;
     }
 }
 
@@ -60,8 +65,9 @@ ItemStorage::ItemStorage(Connection& connection)
     : connection_(connection),
       insert_(connection,
               "INSERT INTO Items (ItemNumber, FolderNumber, ItemType, Version, Created, Modified, Properties, FileAsKey, "
-              "FullNameKey, SubjectKey, Email1AddressKey) VALUES (1 + max(ifnull((SELECT max(ItemNumber) FROM Items), 0), "
-              "(SELECT Value FROM Counters WHERE Name = 'HighestDeletedItem')), ?1, ?2, 1, ?3, ?3, ?4, ?5, ?6, ?7, ?8)",
+              "FullNameKey, SubjectKey, Email1AddressKey, StartKey, DueDateKey) VALUES (1 + max(ifnull((SELECT max(ItemNumber) "
+              "FROM Items), 0), "
+              "(SELECT Value FROM Counters WHERE Name = 'HighestDeletedItem')), ?1, ?2, 1, ?3, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10)",
               "saving a new item"),
       updateWithoutKeys_(
           connection,
@@ -69,7 +75,7 @@ ItemStorage::ItemStorage(Connection& connection)
           "saving an item"),
       update_(connection,
               "UPDATE Items SET Version = Version + 1, Modified = ?2, Properties = ?3, FileAsKey = ?4, FullNameKey = ?5, "
-              "SubjectKey = ?6, Email1AddressKey = ?7 WHERE ItemNumber = ?1 RETURNING Version",
+              "SubjectKey = ?6, Email1AddressKey = ?7, StartKey = ?8, DueDateKey = ?9 WHERE ItemNumber = ?1 RETURNING Version",
               "saving an item"),
       noteDeletion_(connection,
                     "UPDATE Counters SET Value = max(Value, ?1) WHERE Name = 'HighestDeletedItem' AND "

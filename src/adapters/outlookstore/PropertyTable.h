@@ -59,5 +59,7 @@ private:
 
 /// Properties that an index answers for equality, in the order of their columns in the file.
 inline constexpr std::array<std::string_view, 4> kIndexedProperties{"FileAs", "FullName", "Subject", "Email1Address"};
+/// Dates by which an index sorts, in the order of their columns in the file; each is of one type of item alone.
+inline constexpr std::array<std::string_view, 2> kSortedProperties{"Start", "DueDate"};
 
 }  // namespace wmoutlook::outlookstore

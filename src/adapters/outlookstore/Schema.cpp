@@ -1,5 +1,6 @@
 #include "adapters/outlookstore/Schema.h"
 
+#include "adapters/outlookstore/SchemaUpdates.h"
 #include "adapters/outlookstore/StoreCheck.h"
 
 #include <array>
@@ -13,14 +14,15 @@ namespace wmoutlook::outlookstore {
 namespace {
 
 constexpr std::int64_t kApplicationID = 0x4F4C5354;  // "OLST"
-constexpr std::int64_t kVersion = 1;
+constexpr std::int64_t kVersion = 2;
 constexpr std::string_view kMaking = "making the file";
 constexpr std::string_view kUpdating = "bringing the file up to date";
 constexpr std::string_view kWayOut = "; name another file, or make one with \"tallowsync new-outlook FILE\"";
 
 /// Numbers are never given twice: Folders by AUTOINCREMENT, Items by the highest number in use and HighestDeletedItem, which
 /// spares the second write that AUTOINCREMENT costs with each new item. The keys are the indexed properties in lower
-/// case, null when empty. Properties holds what ItemBlob.h describes.
+/// case, null when empty; StartKey of appointments and DueDateKey of tasks are whole seconds since day 0, null in other types.
+/// Properties holds what ItemBlob.h describes.
 constexpr std::string_view kTables = R"sql(
 CREATE TABLE Stores (
     StoreNumber INTEGER PRIMARY KEY,
@@ -50,7 +52,9 @@ CREATE TABLE Items (
     FullNameKey TEXT,
     SubjectKey TEXT,
     Email1AddressKey TEXT,
-    Properties BLOB NOT NULL
+    Properties BLOB NOT NULL,
+    StartKey INTEGER,
+    DueDateKey INTEGER
 );
 CREATE INDEX ItemsByFolder ON Items (FolderNumber);
 CREATE INDEX ItemsByFileAs ON Items (FolderNumber, FileAsKey) WHERE FileAsKey IS NOT NULL;
@@ -61,8 +65,12 @@ CREATE TABLE Counters (Name TEXT PRIMARY KEY, Value INTEGER NOT NULL) WITHOUT RO
 INSERT INTO Counters VALUES ('HighestDeletedItem', 0);
 )sql";
 
+std::string tables() {
+    return std::string{kTables}.append(calendarTables());
+}
+
 /// What takes a file of version i + 1 to version i + 2.
-constexpr std::array<std::string_view, kVersion - 1> kMigrations{};
+constexpr std::array<void (*)(Connection& connection), kVersion - 1> kMigrations{addCalendar};
 
 std::int64_t bigEndian(std::string_view bytes) {
     std::int64_t number = 0;
@@ -130,8 +138,7 @@ void migrate(Connection& connection, const std::string& path) {
     if (version == kVersion) return;
     checkVersion(connection, path, version);
     Savepoint whole{connection, kUpdating};
-    for (; version < kVersion; ++version)
-        connection.execute(std::string{kMigrations.at(static_cast<std::size_t>(version - 1))}, kUpdating);
+    for (; version < kVersion; ++version) kMigrations.at(static_cast<std::size_t>(version - 1))(connection);
     connection.execute(setVersion(), kUpdating);
     whole.release();
 }
@@ -145,7 +152,7 @@ void setDurability(Connection& connection, Durability durability) {
 
 void requireTables(Connection& connection) {
     Connection model{":memory:", 0};
-    model.execute(std::string{kTables}, "making the tables to compare with");
+    model.execute(tables(), "making the tables to compare with");
     requireShape(connection, model);
     requireRows(connection);
 }
@@ -166,8 +173,7 @@ void createStoreFile(const std::string& path, const std::function<void(Connectio
     try {
         Connection connection{path, 0};
         Savepoint whole{connection, kMaking};
-        connection.execute(
-            "PRAGMA application_id = " + std::to_string(kApplicationID) + ";" + setVersion() + std::string{kTables}, kMaking);
+        connection.execute("PRAGMA application_id = " + std::to_string(kApplicationID) + ";" + setVersion() + tables(), kMaking);
         fill(connection);
         whole.release();
         connection.execute("PRAGMA journal_mode = WAL", kMaking);

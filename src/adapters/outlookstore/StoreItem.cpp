@@ -74,8 +74,11 @@ private:
     throw OutlookError{-1, "The item has been deleted"};
 }
 
+/// An all-day event moves its start.
 bool isIndexed(std::string_view property) {
-    return std::find(kIndexedProperties.begin(), kIndexedProperties.end(), property) != kIndexedProperties.end();
+    return std::find(kIndexedProperties.begin(), kIndexedProperties.end(), property) != kIndexedProperties.end() ||
+           std::find(kSortedProperties.begin(), kSortedProperties.end(), property) != kSortedProperties.end() ||
+           property == "AllDayEvent";
 }
 
 }  // namespace

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "adapters/outlookstore/Sqlite.h"
+
+#include <string_view>
+
+/// What later versions of a store's file added. Each step is kept as it was: files of every version are about.
+namespace wmoutlook::outlookstore {
+
+/// The tables and indexes of version 2, as a new file has them.
+[[nodiscard]] std::string_view calendarTables();
+
+/// Version 1 to 2: the dates by which a calendar and a list of tasks are sorted, and series.
+void addCalendar(Connection& connection);
+
+}  // namespace wmoutlook::outlookstore
