@@ -65,6 +65,12 @@ void writeCompanyPhones(const Recordset& contact, const Recordset& company, cons
     }
 }
 
+/// A blank name could not be read, or is none to file under: the next search by name would take the item for anybody's.
+void fileByPerson(const outlook::Item& item, std::int32_t contactID) {
+    const std::string name = modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false);
+    if (!isNullOrEmpty(name)) item.put(property::FileAs, name);
+}
+
 /// E-mail addresses in the order of their slots; not read when one of them could not be read.
 struct EmailAddresses {
     std::string first, second, third;
@@ -82,24 +88,17 @@ struct EmailAddresses {
 
 }  // namespace
 
-outlook::Item ContactWriter::stampedItem(std::string_view entryID, std::string_view storeID) const {
-    outlook::Item item = itemToWrite(run_, outlook::ItemType::contact, entryID, storeID);
-    stamp(item, today());
-    return item;
-}
-
-std::string ContactWriter::createNewTallowbrookContactInOutlook(std::int32_t contactID, std::int32_t companyID,
-                                                                std::string_view entryID, std::string_view storeID) const {
-    std::string written{kNothingWritten};
+std::optional<std::string> ContactWriter::createNewTallowbrookContactInOutlook(std::int32_t contactID, std::int32_t companyID,
+                                                                               std::string_view entryID,
+                                                                               std::string_view storeID) const {
+    std::optional<std::string> written;
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-createNewTallowbrookContactInOutlook", &run_.ExitProgram};
     routine.run([&] {
-        const outlook::Item item = stampedItem(entryID, storeID);
-        if (!isDatabaseOpen() || contactID < 0) return;
-        const Recordset contacts{"SELECT Contacts.* FROM Contacts;"};
-        if (!contacts.findFirst("ContactID", contactID)) return;
-        writeContact(item, contacts, contactID, companyID);
-        item.save();
-        if (const auto saved = item.textIfRead(property::EntryID)) written = *saved;
+        const outlook::Item contact = itemToWrite(run_, outlook::ItemType::contact, entryID, storeID);
+        stamp(contact, today());
+        writeRow(
+            {"Contacts", "ContactID", contactID}, contact,
+            [&](const outlook::Item& item, const Recordset& row) { writeContact(item, row, contactID, companyID); }, written);
     });
     return written;
 }
@@ -119,42 +118,42 @@ void ContactWriter::writeContact(const outlook::Item& item, const Recordset& con
     if (run_.options.syncContactInformation == syncContactInformationEnum::contactWithCompanyInfo)
         writeBusinessOfContact(item, contact, companyID);
 
-    const std::string companyName = item.text(property::CompanyName);
-    if (run_.options.syncContactDisplayType == syncContactDisplayEnum::contactShowCompanyName && !isNullOrEmpty(companyName)) {
-        item.put(property::FileAs, companyName);
-        showProgress(companyName);
+    const auto companyName = item.textIfRead(property::CompanyName);
+    const bool showsCompany = run_.options.syncContactDisplayType == syncContactDisplayEnum::contactShowCompanyName;
+    if (showsCompany && companyName && !isNullOrEmpty(*companyName)) {
+        item.put(property::FileAs, *companyName);
+        showProgress(*companyName);
     } else {
-        item.put(property::FileAs, modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false));
+        if (companyName || !showsCompany) fileByPerson(item, contactID);
         showProgress(contact.text("DisplayName"));
     }
 }
 
 void ContactWriter::writeBusinessOfContact(const outlook::Item& item, const Recordset& contact, std::int32_t companyID) const {
     putAll(kJobRows, contact, item);
-    if (modDatabaseFunctions::validCompanyID(companyID)) {
+    auto hasCompany = modDatabaseFunctions::validCompanyIDIfTold(companyID);
+    if (hasCompany.value_or(false)) {
         const Recordset companies{"SELECT Companies.* FROM Companies;"};
-        if (companies.findFirst("CompanyID", companyID)) {
+        hasCompany = companies.findFirstIfTold("CompanyID", companyID);
+        if (hasCompany.value_or(false)) {
             put(kCompanyNameRow, companies, item);
             putAll(kCompanyAddressRows, companies, item);
             writeCompanyPhones(contact, companies, item);
-            return;
         }
     }
-    putAll(kOwnBusinessRows, contact, item);
+    if (hasCompany == false) putAll(kOwnBusinessRows, contact, item);  // not when it could not be told
 }
 
-std::string ContactWriter::createNewTallowbrookCompanyInOutlook(std::int32_t companyID, std::string_view entryID,
-                                                                std::string_view storeID) const {
-    std::string written{kNothingWritten};
+std::optional<std::string> ContactWriter::createNewTallowbrookCompanyInOutlook(std::int32_t companyID, std::string_view entryID,
+                                                                               std::string_view storeID) const {
+    std::optional<std::string> written;
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-createNewTallowbrookCompanyInOutlook", &run_.ExitProgram};
     routine.run([&] {
-        const outlook::Item item = stampedItem(entryID, storeID);
-        if (!isDatabaseOpen() || companyID < 0) return;
-        const Recordset companies{"SELECT Companies.* FROM Companies;"};
-        if (!companies.findFirst("CompanyID", companyID)) return;
-        writeCompany(item, companies, companyID);
-        item.save();
-        if (const auto saved = item.textIfRead(property::EntryID)) written = *saved;
+        const outlook::Item company = itemToWrite(run_, outlook::ItemType::contact, entryID, storeID);
+        stamp(company, today());
+        writeRow(
+            {"Companies", "CompanyID", companyID}, company,
+            [&](const outlook::Item& item, const Recordset& row) { writeCompany(item, row, companyID); }, written);
     });
     return written;
 }
@@ -170,7 +169,7 @@ void ContactWriter::writeCompany(const outlook::Item& item, const Recordset& com
     const std::int32_t contactID = hasPerson ? writeDefaultContact(item, company, companyID) : kNoRecord;
 
     if (hasPerson && showsPerson && contactID != kNoRecord)
-        item.put(property::FileAs, modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false));
+        fileByPerson(item, contactID);
     else
         put(kFiledByCompanyRow, company, item);
     showProgress(company.text("CompanyName"));
@@ -196,7 +195,7 @@ std::int32_t ContactWriter::writeDefaultContact(const outlook::Item& item, const
     writeGenderAndDates(contacts, item);
     putAll(kJobRows, contacts, item);
     for (const PropertyRow& map : kWhereCompanyIsBlankRows)
-        if (isNullOrEmpty(item.get(map.property))) put(map, contacts, item);
+        if (const auto present = item.textIfRead(map.property); present && isNullOrEmpty(*present)) put(map, contacts, item);
     put(kBusinessCellRow, contacts, item);
     if (emails.isRead) item.put(property::Email2Address, emails.second);  // a second time: the block ends with it
     return contactID;

@@ -3,6 +3,7 @@
 #include "syncstore/SyncRun.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,18 +18,17 @@ class ContactWriter {
 public:
     explicit ContactWriter(SyncRun& run) : run_(run) {}
 
-    // The result is the entry identifier of the saved item, or kNothingWritten (TargetItem.h) when it was not saved: the host's row is gone,
-    // the database is closed, or the routine was left.
+    // The result is the entry identifier of the saved item, kNothingWritten (TargetItem.h) when the host's row is gone, and no
+    // value when the item was not saved for another reason: the database is closed, a call failed, the routine was left.
 
     /// A contact, with company data when the run asks for it; companyID is -1 for none. A blank entryID creates an item.
-    std::string createNewTallowbrookContactInOutlook(std::int32_t contactID, std::int32_t companyID, std::string_view entryID,
-                                                     std::string_view storeID) const;
+    std::optional<std::string> createNewTallowbrookContactInOutlook(std::int32_t contactID, std::int32_t companyID,
+                                                                    std::string_view entryID, std::string_view storeID) const;
     /// A company, with the person data of its default contact when the run asks for it.
-    std::string createNewTallowbrookCompanyInOutlook(std::int32_t companyID, std::string_view entryID,
-                                                     std::string_view storeID) const;
+    std::optional<std::string> createNewTallowbrookCompanyInOutlook(std::int32_t companyID, std::string_view entryID,
+                                                                    std::string_view storeID) const;
 
 private:
-    [[nodiscard]] outlook::Item stampedItem(std::string_view entryID, std::string_view storeID) const;
     void writeContact(const outlook::Item& item, const Recordset& contact, std::int32_t contactID, std::int32_t companyID) const;
     void writeBusinessOfContact(const outlook::Item& item, const Recordset& contact, std::int32_t companyID) const;
     void writeCompany(const outlook::Item& item, const Recordset& company, std::int32_t companyID) const;

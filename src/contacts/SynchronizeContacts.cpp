@@ -33,24 +33,26 @@ private:
     void walkCompanies() {
         walkRows(run_.companyCollection, "SELECT Companies.* FROM Companies;", "CompanyID", selection::kCompanyNum,
                  [&](std::int32_t companyID, const RecordList&) {
-                     std::string entryID = links_.getOutlookIDFromTallowbrookCompanyID(companyID, storeID_);
-                     entryID = writer_.createNewTallowbrookCompanyInOutlook(companyID, entryID, storeID_);
-                     links_.saveCompanyOutlookID(companyID, entryID, storeID_);
+                     const auto linked = links_.getOutlookIDFromTallowbrookCompanyID(companyID, storeID_);
+                     if (!linked) return;  // it could not be told: the next run makes up for it
+                     const auto written = writer_.createNewTallowbrookCompanyInOutlook(companyID, *linked, storeID_);
+                     if (written) links_.saveCompanyOutlookID(companyID, *written, storeID_);
                  });
     }
 
     void walkContacts() {
         walkRows(run_.contactCollection, "SELECT Contacts.* FROM Contacts;", "ContactID", selection::kContactNum,
                  [&](std::int32_t contactID, const RecordList& selected) {
-                     std::string entryID = links_.getOutlookIDFromTallowbrookContactID(contactID, storeID_);
+                     const auto linked = links_.getOutlookIDFromTallowbrookContactID(contactID, storeID_);
+                     if (!linked) return;
                      const std::int32_t companyID = companyOf(selected);
-                     entryID = writer_.createNewTallowbrookContactInOutlook(contactID, companyID, entryID, storeID_);
-                     links_.saveContactOutlookID(contactID, entryID, storeID_);
+                     const auto written = writer_.createNewTallowbrookContactInOutlook(contactID, companyID, *linked, storeID_);
+                     if (written) links_.saveContactOutlookID(contactID, *written, storeID_);
                  });
     }
 
     static std::int32_t companyOf(const RecordList& selected) {
-        const Variant& companyNum = selected.value(selection::kCompanyNum);
+        const Variant companyNum = selected.value(selection::kCompanyNum);
         if (ValueHelper::isNullOrEmpty(companyNum)) return kNoRecord;
         return statement([&] { return companyNum.toInteger(); }, kNoRecord);
     }

@@ -109,10 +109,18 @@ bool Recordset::truth(std::string_view name) const {
     return !ValueHelper::isNullOrEmpty(value) && statement([&] { return value.toBoolean(); });
 }
 
+std::optional<bool> Recordset::findFirstIfTold(std::string_view field, std::string_view value) const {
+    const auto isFound = statement([&]() -> std::optional<bool> { return database().findFirst(handle_, field, value); });
+    if (isFound.value_or(false)) isPassedOver_ = false;
+    return isOpen() ? isFound : std::nullopt;
+}
+
+std::optional<bool> Recordset::findFirstIfTold(std::string_view field, std::int32_t value) const {
+    return findFirstIfTold(field, toText(value));
+}
+
 bool Recordset::findFirst(std::string_view field, std::string_view value) const {
-    const bool isFound = statement([&] { return database().findFirst(handle_, field, value); });
-    if (isFound) isPassedOver_ = false;
-    return isFound;
+    return findFirstIfTold(field, value).value_or(false);
 }
 
 bool Recordset::findFirst(std::string_view field, std::int32_t value) const {
@@ -125,41 +133,39 @@ bool Recordset::findNext() const {
     return isFound;
 }
 
-bool Recordset::noMatch() const {
-    return statement([&] { return database().noMatch(handle_); }) && isOpen();
+bool Recordset::update(std::string_view field, std::string_view value) const {
+    return statement([&] { return database().updateField(handle_, field, value), true; });
 }
 
-void Recordset::update(std::string_view field, std::string_view value) const {
-    statement([&] { database().updateField(handle_, field, value); });
+bool Recordset::deleteRecord() const {
+    return statement([&] { return database().deleteRecord(handle_), true; });
 }
 
-void Recordset::deleteRecord() const {
-    statement([&] { database().deleteRecord(handle_); });
+bool Recordset::addNew() const {
+    return statement([&] { return database().addNewRecord(handle_), true; });
 }
 
-void Recordset::addNew() const {
-    statement([&] { database().addNewRecord(handle_); });
+bool Recordset::set(std::string_view field, std::string_view value) const {
+    return statement([&] { return database().setNewField(handle_, field, value), true; });
 }
 
-void Recordset::set(std::string_view field, std::string_view value) const {
-    statement([&] { database().setNewField(handle_, field, value); });
-}
-
-void Recordset::save() const {
-    statement([&] { database().saveNewRecord(handle_); });
+bool Recordset::save() const {
+    return statement([&] { return database().saveNewRecord(handle_), true; });
 }
 
 KeptPosition::KeptPosition(const Recordset& recordset)
     : recordset_(recordset),
       marker_(
           statement([&]() -> std::optional<RecordMarker> { return recordset.database().saveRecordPosition(recordset.handle_); })),
+      wasPassedOver_(recordset.isPassedOver_),
       exceptionsAtStart_(std::uncaught_exceptions()) {}
 
 KeptPosition::~KeptPosition() noexcept(false) {
-    if (!marker_) return;
     // A set that stays on a row of the nested walk would be walked from there again: it counts as being at its end.
+    recordset_.isPassedOver_ = true;
+    if (!marker_) return;
     const auto restore = [&] { return recordset_.database().restoreRecordPosition(recordset_.handle_, *marker_), true; };
-    recordset_.isPassedOver_ = !closingStatement(exceptionsAtStart_, restore, false);
+    recordset_.isPassedOver_ = !closingStatement(exceptionsAtStart_, restore, false) || wasPassedOver_;
 }
 
 }  // namespace wmoutlook

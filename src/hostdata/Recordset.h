@@ -44,15 +44,18 @@ public:
 
     bool findFirst(std::string_view field, std::string_view value) const;
     bool findFirst(std::string_view field, std::int32_t value) const;
+    /// Nothing when the search was skipped: only one that found nothing is a licence to add the row.
+    [[nodiscard]] std::optional<bool> findFirstIfTold(std::string_view field, std::string_view value) const;
+    [[nodiscard]] std::optional<bool> findFirstIfTold(std::string_view field, std::int32_t value) const;
     bool findNext() const;
-    /// Whether the last search went through and found nothing: unlike a search that was skipped, a licence to add the row.
-    [[nodiscard]] bool noMatch() const;
 
-    void update(std::string_view field, std::string_view value) const;
-    void deleteRecord() const;
-    void addNew() const;
-    void set(std::string_view field, std::string_view value) const;
-    void save() const;
+    // Each gives whether it went through. The auto-number of a new row is to be read behind addNew alone.
+
+    bool update(std::string_view field, std::string_view value) const;
+    bool deleteRecord() const;
+    bool addNew() const;
+    bool set(std::string_view field, std::string_view value) const;
+    bool save() const;
 
 private:
     friend class KeptPosition;
@@ -77,6 +80,7 @@ public:
 private:
     const Recordset& recordset_;
     std::optional<RecordMarker> marker_;  ///< nothing when the position could not be told
+    bool wasPassedOver_;
     int exceptionsAtStart_;
 };
 

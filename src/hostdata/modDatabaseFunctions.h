@@ -39,11 +39,14 @@ inline constexpr std::string_view kClientNoLongerExists = "<Client no longer exi
 [[nodiscard]] bool validAppointmentID(std::int32_t appointmentID);
 [[nodiscard]] bool validDocketID(std::int32_t docketID);
 [[nodiscard]] bool validTaskID(std::int32_t taskID);
-/// Nothing when it could not be told: what is deleted because its record is gone waits for a certain answer.
-[[nodiscard]] std::optional<bool> validAppointmentIDIfTold(std::int32_t appointmentID);
-[[nodiscard]] std::optional<bool> validTaskIDIfTold(std::int32_t taskID);
 [[nodiscard]] bool validFirmID(std::int32_t companyID);
 [[nodiscard]] bool validEmployeeID(std::int32_t contactID);
+
+// Nothing when it could not be told: what is deleted or written because a record is gone waits for a certain answer.
+
+[[nodiscard]] std::optional<bool> validCompanyIDIfTold(std::int32_t companyID);
+[[nodiscard]] std::optional<bool> validAppointmentIDIfTold(std::int32_t appointmentID);
+[[nodiscard]] std::optional<bool> validTaskIDIfTold(std::int32_t taskID);
 
 /// Which clients the query of all business clients lists, by their active status.
 enum class ClientActivity : std::int32_t { any = 0, active = 1, inactive = 2 };

@@ -199,7 +199,11 @@ bool isContactDefaultContact(std::int32_t contactID, std::int32_t companyID) {
 }
 
 bool validCompanyID(std::int32_t companyID) {
-    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validCompanyID", "Companies", "CompanyID", companyID).value_or(false);
+    return validCompanyIDIfTold(companyID).value_or(false);
+}
+
+std::optional<bool> validCompanyIDIfTold(std::int32_t companyID) {
+    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validCompanyID", "Companies", "CompanyID", companyID);
 }
 
 bool validContactID(std::int32_t contactID) {

@@ -36,13 +36,15 @@ std::string timeLiteral(Date time) {
 
 }  // namespace
 
-std::string CalendarLinks::getOutlookIDFromTallowbrookAppointmentID(std::int32_t hostID, std::string_view storeID) const {
-    std::string entryID;
+std::optional<std::string> CalendarLinks::getOutlookIDFromTallowbrookAppointmentID(std::int32_t hostID,
+                                                                                   std::string_view storeID) const {
+    std::optional<std::string> entryID;
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-getOutlookIDFromTallowbrookAppointmentID", &run_.ExitProgram};
     routine.run([&] {
         if (!isDatabaseOpen()) return;
         const Recordset links{linksOfStore(run_, storeID) + ";"};
-        if (links.findFirst(table_.linkField, hostID)) entryID = links.text("OutlookID");
+        const auto isLinked = links.findFirstIfTold(table_.linkField, hostID);
+        if (isLinked) entryID = *isLinked ? links.textIfRead("OutlookID") : std::string{};
     });
     return entryID;
 }
@@ -108,12 +110,12 @@ void CalendarLinks::saveAppointmentOutlookID(std::int32_t hostID, std::string_vi
     routine.run([&] {
         if (!isDatabaseOpen()) return;
         const Recordset links{linksOfStore(run_, storeID) + ";", LockCode::updatable};
-        const bool isKnown = links.findFirst(table_.linkField, hostID);
-        if (!isKnown && !links.noMatch()) return;
+        const auto isLinked = links.findFirstIfTold(table_.linkField, hostID);
+        if (!isLinked || (!*isLinked && !links.addNew())) return;
+        const bool isKnown = *isLinked;
         const auto put = [&](std::string_view field, std::string_view value) {
             isKnown ? links.update(field, value) : links.set(field, value);
         };
-        if (!isKnown) links.addNew();
         put("DataFileID", run_.options.dataFileUniqueID);
         if (!isKnown) put(table_.linkField, toText(hostID));
         put("OutlookID", entryID);

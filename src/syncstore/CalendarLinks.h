@@ -4,6 +4,7 @@
 #include "syncstore/SyncRun.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,7 +25,9 @@ class CalendarLinks {
 public:
     CalendarLinks(SyncRun& run, const CalendarTable& table) : run_(run), table_(table) {}
 
-    [[nodiscard]] std::string getOutlookIDFromTallowbrookAppointmentID(std::int32_t hostID, std::string_view storeID) const;
+    /// Empty when there is no link; no value at all when that could not be told, so that nothing is created twice.
+    [[nodiscard]] std::optional<std::string> getOutlookIDFromTallowbrookAppointmentID(std::int32_t hostID,
+                                                                                      std::string_view storeID) const;
     /// The linked host row, or -1. An appointment without a link is looked for among the user's rows; a task never is.
     [[nodiscard]] std::int32_t getTallowbrookAppointmentIDFromOutlookID(std::string_view entryID, std::int32_t userID,
                                                                         std::string_view storeID,

@@ -27,11 +27,13 @@ std::string todayAsText() {
     return toIsoText(today());
 }
 
-/// The entry identifier of the item in the folder that is filed under the name; nothing when there is none.
-std::optional<std::string> entryIDFiledUnder(const outlook::Items& items, const std::string& name) {
+/// Whether an item of the folder is filed under the name; its identifier has no value when it could not be read.
+bool findFiledUnder(const outlook::Items& items, const std::string& name, std::optional<std::string>& entryID) {
     const outlook::Item item = items.find("[FileAs] = \"" + name + "\"");
-    if (item.isNothing()) return std::nullopt;
-    return item.text(property::EntryID);
+    if (item.isNothing()) return false;
+    entryID.reset();
+    entryID = item.textIfRead(property::EntryID);
+    return true;
 }
 
 outlook::Items defaultContacts(const SyncRun& run) {
@@ -84,35 +86,38 @@ std::string_view ContactLinks::nameOf(HostField field) {
     return field == HostField::companyNum ? "CompanyNum" : "ContactNum";
 }
 
-bool ContactLinks::findOutlookID(HostField field, std::int32_t number, std::string_view storeID, std::string& entryID) const {
+/// Whether there is a link, nothing when it could not be told.
+std::optional<bool> ContactLinks::findOutlookID(HostField field, std::int32_t number, std::string_view storeID,
+                                                std::optional<std::string>& entryID) const {
     const Recordset links{linksOfStore(run_, storeID) + ";"};
-    if (!links.findFirst(nameOf(field), number)) return false;
-    entryID = links.text("OutlookID");
-    return true;
+    const auto isLinked = links.findFirstIfTold(nameOf(field), number);
+    if (isLinked.value_or(false)) entryID = links.textIfRead("OutlookID");
+    return isLinked;
 }
 
-std::string ContactLinks::getOutlookIDFromTallowbrookCompanyID(std::int32_t companyID, std::string_view storeID) const {
-    std::string entryID;
+std::optional<std::string> ContactLinks::getOutlookIDFromTallowbrookCompanyID(std::int32_t companyID,
+                                                                              std::string_view storeID) const {
+    std::optional<std::string> entryID;
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-getOutlookIDFromTallowbrookCompanyID", &run_.ExitProgram};
     routine.run([&] {
-        if (!isDatabaseOpen() || findOutlookID(HostField::companyNum, companyID, storeID, entryID)) return;
+        if (!isDatabaseOpen() || findOutlookID(HostField::companyNum, companyID, storeID, entryID).value_or(true)) return;
+        entryID.emplace();  // no link; from here on a search that fails has found nothing
         const outlook::Items contacts = defaultContacts(run_);
-        const std::string name = modDatabaseFunctions::getCompanyNameFromCompanyID(companyID);
-        entryID = entryIDFiledUnder(contacts, name).value_or("");
+        findFiledUnder(contacts, modDatabaseFunctions::getCompanyNameFromCompanyID(companyID), entryID);
     });
     return entryID;
 }
 
-std::string ContactLinks::getOutlookIDFromTallowbrookContactID(std::int32_t contactID, std::string_view storeID) const {
-    std::string entryID;
+std::optional<std::string> ContactLinks::getOutlookIDFromTallowbrookContactID(std::int32_t contactID,
+                                                                              std::string_view storeID) const {
+    std::optional<std::string> entryID;
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-getOutlookIDFromTallowbrookContactID", &run_.ExitProgram};
     routine.run([&] {
-        if (!isDatabaseOpen() || findOutlookID(HostField::contactNum, contactID, storeID, entryID)) return;
+        if (!isDatabaseOpen() || findOutlookID(HostField::contactNum, contactID, storeID, entryID).value_or(true)) return;
+        entryID.emplace();  // as above
         const outlook::Items contacts = defaultContacts(run_);
-        auto found = entryIDFiledUnder(contacts, modDatabaseFunctions::getContactNameFromContactID(contactID));
-        if (!found)
-            found = entryIDFiledUnder(contacts, modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false));
-        entryID = found.value_or("");
+        if (!findFiledUnder(contacts, modDatabaseFunctions::getContactNameFromContactID(contactID), entryID))
+            findFiledUnder(contacts, modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false), entryID);
     });
     return entryID;
 }
@@ -135,8 +140,8 @@ void ContactLinks::findHostRecord(const LinkSearch& wanted, const std::shared_pt
     if (number) return;
     const outlook::Item item = run_.outlook.nameSpace.findItemFromID(wanted.entryID, wanted.storeID);
     if (!wanted.useDuplicateFinder || item.isNothing()) return;
-    const auto held = finder;  // the host may put another one into the public field meanwhile
     number = statement([&] {
+        const auto held = finder;  // the host may put another one into the public field meanwhile
         if (!held) throw ObjectNotSet{"duplicate finder"};
         return search(*held, item);
     });
@@ -168,7 +173,7 @@ std::int32_t ContactLinks::getTallowbrookContactIDFromOutlookID(std::string_view
 
 void ContactLinks::addLink(const Recordset& links, HostField field, std::int32_t number, std::string_view entryID,
                            std::string_view storeID) const {
-    links.addNew();
+    if (!links.addNew()) return;
     links.set("DataFileID", run_.options.dataFileUniqueID);
     links.set(nameOf(field), toText(number));
     links.set("OutlookID", entryID);
@@ -181,10 +186,9 @@ void ContactLinks::saveByHostNumber(HostField field, std::int32_t number, std::s
                                     std::string_view storeID) const {
     if (!isDatabaseOpen()) return;
     const Recordset links{linksOfStore(run_, storeID) + ";", LockCode::updatable};
-    if (!links.findFirst(nameOf(field), number)) {
-        if (links.noMatch()) addLink(links, field, number, entryID, storeID);
-        return;
-    }
+    const auto isLinked = links.findFirstIfTold(nameOf(field), number);
+    if (!isLinked) return;
+    if (!*isLinked) return addLink(links, field, number, entryID, storeID);
     links.update("DataFileID", run_.options.dataFileUniqueID);
     links.update("OutlookID", entryID);
     links.update("FolderStoreID", storeID);
@@ -194,10 +198,9 @@ void ContactLinks::saveByHostNumber(HostField field, std::int32_t number, std::s
 void ContactLinks::saveByEntryID(HostField field, std::string_view entryID, std::string_view storeID, std::int32_t number) const {
     if (!isDatabaseOpen()) return;
     const Recordset links{linksOfStore(run_, storeID) + ";", LockCode::updatable};
-    if (!links.findFirst("OutlookID", entryID)) {
-        if (links.noMatch()) addLink(links, field, number, entryID, storeID);
-        return;
-    }
+    const auto isLinked = links.findFirstIfTold("OutlookID", entryID);
+    if (!isLinked) return;
+    if (!*isLinked) return addLink(links, field, number, entryID, storeID);
     links.update("DataFileID", run_.options.dataFileUniqueID);
     links.update(nameOf(field), toText(number));
     links.update("DateLastSync", todayAsText());

@@ -22,11 +22,14 @@ public:
     explicit ContactLinks(SyncRun& run) : run_(run) {}
 
     // Empty when there is no link and no item in the default contacts folder is filed under the name. The default folder is
-    // searched whatever the store. A name with a double quote makes the search fail, through the handler.
+    // searched whatever the store. A name with a double quote makes the search fail, through the handler: it finds nothing.
+    // No value at all when the link could not be told: a record that may well be linked is not to be created again.
 
-    [[nodiscard]] std::string getOutlookIDFromTallowbrookCompanyID(std::int32_t companyID, std::string_view storeID) const;
+    [[nodiscard]] std::optional<std::string> getOutlookIDFromTallowbrookCompanyID(std::int32_t companyID,
+                                                                                  std::string_view storeID) const;
     /// Tries DisplayName first, then the name as the user wants it displayed.
-    [[nodiscard]] std::string getOutlookIDFromTallowbrookContactID(std::int32_t contactID, std::string_view storeID) const;
+    [[nodiscard]] std::optional<std::string> getOutlookIDFromTallowbrookContactID(std::int32_t contactID,
+                                                                                  std::string_view storeID) const;
 
     // -1 when there is neither a link nor, with the finder, a record that looks the same; isNew is true then.
 
@@ -52,7 +55,8 @@ private:
     };
 
     static std::string_view nameOf(HostField field);
-    [[nodiscard]] bool findOutlookID(HostField field, std::int32_t number, std::string_view storeID, std::string& entryID) const;
+    [[nodiscard]] std::optional<bool> findOutlookID(HostField field, std::int32_t number, std::string_view storeID,
+                                                    std::optional<std::string>& entryID) const;
     void findHostNumber(HostField field, std::string_view entryID, std::string_view storeID,
                         std::optional<std::int32_t>& number) const;
     template <class Finder>

@@ -1,6 +1,9 @@
 #include "syncstore/TargetItem.h"
 
+#include "hostdata/HostServices.h"
+#include "hostdata/Recordset.h"
 #include "platform/ValueHelper.h"
+#include "platform/outlook/PropertyNames.h"
 
 namespace wmoutlook {
 
@@ -22,7 +25,7 @@ outlook::Item itemToWrite(const SyncRun& run, outlook::ItemType type, std::strin
         const outlook::Item linked = session.nameSpace.findItemFromID(entryID, storeID);
         if (!linked.isNothing()) return linked;
     }
-    const std::string& folderID = run.options.outlookImportFolderEntryID;
+    const std::string folderID = run.options.outlookImportFolderEntryID;  // the host may put another one while a call is retried
     if (isNullOrEmpty(folderID) || isNullOrEmpty(storeID)) return session.application.createItem(type);
     return session.nameSpace.getFolderFromID(folderID, storeID).items().add();
 }
@@ -32,6 +35,21 @@ void stamp(const outlook::Item& item, Date dateLastSynched) {
     properties.add("TallowbrookID", outlook::UserPropertyType::number);
     properties.add("EntryID", outlook::UserPropertyType::text);
     properties.add("DateLastSynched", outlook::UserPropertyType::dateTime).setValue(dateLastSynched);
+}
+
+void writeRow(const RowToWrite& row, const outlook::Item& item, const WriteFields& writeFields,
+              std::optional<std::string>& written) {
+    if (!isDatabaseOpen() || row.number < 0) return;
+    const std::string table{row.table};
+    const Recordset rows{"SELECT " + table + ".* FROM " + table + ";", row.lock};
+    const auto isThere = rows.findFirstIfTold(row.key, row.number);
+    if (!isThere) return;
+    if (!*isThere) {
+        written = kNothingWritten;
+        return;
+    }
+    writeFields(item, rows);
+    if (item.save()) written = item.textIfRead(outlook::property::EntryID);
 }
 
 }  // namespace wmoutlook

@@ -1,14 +1,20 @@
 #pragma once
 
+#include "platform/HostDatabase.h"
 #include "syncstore/SyncRun.h"
 
+#include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 /// What every pass towards Outlook does around the writing of an item.
 namespace wmoutlook {
 
-/// The result of a writer that saved nothing.
+class Recordset;
+
+/// The result of a writer whose row is gone. The pass keeps it in the link.
 inline constexpr std::string_view kNothingWritten = "-1";
 
 /// The store of the run's folder: the chosen one, otherwise that of the default folder, whose entry identifier then stays in
@@ -22,5 +28,20 @@ inline constexpr std::string_view kNothingWritten = "-1";
 
 /// Puts the user properties of a synchronized item on it. The identity lives in the links: two of them stay without a value.
 void stamp(const outlook::Item& item, Date dateLastSynched);
+
+/// A row of the host that goes into an item.
+struct RowToWrite {
+    std::string_view table;
+    std::string_view key;
+    std::int32_t number = kNoRecord;
+    LockCode lock = LockCode::readOnly;
+};
+
+using WriteFields = std::function<void(const outlook::Item& item, const Recordset& row)>;
+
+/// Finds the row, has its fields written and saves the item. `written` becomes the item's entry identifier, kNothingWritten
+/// when the row is gone, and keeps no value when the item was not saved for another reason: a link that stands is to stay.
+void writeRow(const RowToWrite& row, const outlook::Item& item, const WriteFields& writeFields,
+              std::optional<std::string>& written);
 
 }  // namespace wmoutlook

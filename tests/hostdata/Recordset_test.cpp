@@ -45,12 +45,10 @@ TEST_F(RecordsetFailures, SkippedOperationsLeaveEmptyValues) {
         EXPECT_TRUE(rows.field("CompanyName").isNull());
         EXPECT_EQ(rows.textIfRead("CompanyName"), std::nullopt);
         EXPECT_EQ(rows.number("CompanyID", 7), 7);
-        EXPECT_FALSE(rows.findFirst("CompanyID", 1));
+        EXPECT_EQ(rows.findFirstIfTold("CompanyID", 1), std::nullopt);
         EXPECT_EQ(rows.recordCount(), 0);
         faults = {};
-        EXPECT_FALSE(rows.noMatch());  // a search that was skipped has not shown that there is nothing
-        EXPECT_FALSE(rows.findFirst("CompanyID", 4711));
-        EXPECT_TRUE(rows.noMatch());
+        EXPECT_EQ(rows.findFirstIfTold("CompanyID", 4711), false);
         EXPECT_EQ(rows.number("CompanyName", 7), 7);  // a text that is no number
     });
     EXPECT_EQ(host.errors->reports.size(), 7U);

@@ -46,8 +46,8 @@ void Item::put(std::string_view property, const Variant& value) const {
     call([&](auto& object) { object.put(property, value); });
 }
 
-void Item::save() const {
-    call([&](auto& object) { object.save(); });
+bool Item::save() const {
+    return call([&](auto& object) { return object.save(), true; });
 }
 
 void Item::remove() const {

@@ -86,7 +86,7 @@ public:
     [[nodiscard]] std::string text(std::string_view property) const;
     [[nodiscard]] std::optional<std::string> textIfRead(std::string_view property) const;  ///< nothing when it was skipped
     void put(std::string_view property, const Variant& value) const;
-    void save() const;
+    bool save() const;  ///< whether it went through
     void remove() const;
     [[nodiscard]] UserProperties userProperties() const;
     [[nodiscard]] Recipients recipients() const;
