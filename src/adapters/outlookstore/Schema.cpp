@@ -1,5 +1,6 @@
 #include "adapters/outlookstore/Schema.h"
 
+#include "adapters/outlookstore/FolderStorage.h"
 #include "adapters/outlookstore/SchemaUpdates.h"
 #include "adapters/outlookstore/StoreCheck.h"
 
@@ -128,17 +129,27 @@ std::string setVersion() {
     return "PRAGMA user_version = " + std::to_string(kVersion) + ";";
 }
 
-void migrate(Connection& connection, const std::string& path) {
+/// What every run needs and what no update makes: to be known before anything is written.
+void requireWhole(Connection& connection) {
+    Connection model{":memory:", 0};
+    model.execute(tables(), "making the tables to compare with");
+    requireShape(connection, model);
+    requireRows(connection);
+    FolderStorage{connection}.requireDefaultFolders();
+}
+
+void checkAndMigrate(Connection& connection, const std::string& path) {
     std::int64_t version = 0;
     {
         Statement statement{connection, "PRAGMA user_version", "reading the file's version"};
         auto run = statement.run();
         if (run.next()) version = run.integer(0);
     }
-    if (version == kVersion) return;
+    if (version == kVersion) return requireWhole(connection);
     checkVersion(connection, path, version);
     Savepoint whole{connection, kUpdating};
     for (; version < kVersion; ++version) kMigrations.at(static_cast<std::size_t>(version - 1))(connection);
+    requireWhole(connection);  // a store that lacks something stays as it was
     connection.execute(setVersion(), kUpdating);
     whole.release();
 }
@@ -148,13 +159,6 @@ void setDurability(Connection& connection, Durability durability) {
     connection.execute(std::string{"PRAGMA synchronous = "} + (durability == Durability::full ? "FULL" : "NORMAL") +
                            "; PRAGMA wal_autocheckpoint = 4000; PRAGMA cache_size = -16000; PRAGMA cell_size_check = ON;",
                        "opening it");
-}
-
-void requireTables(Connection& connection) {
-    Connection model{":memory:", 0};
-    model.execute(tables(), "making the tables to compare with");
-    requireShape(connection, model);
-    requireRows(connection);
 }
 
 }  // namespace
@@ -191,8 +195,7 @@ std::unique_ptr<Connection> openStoreFile(const std::string& path, Durability du
         throw OutlookError{-1,
                            "The Outlook store \"" + path + "\" cannot be written to; give this user the right to write the file"};
     setDurability(*connection, durability);
-    migrate(*connection, path);
-    requireTables(*connection);
+    checkAndMigrate(*connection, path);
     return connection;
 }
 

@@ -23,7 +23,7 @@ std::string faultOf(int code, const std::string& failed, const char* detail) {
         case SQLITE_READONLY:
         case SQLITE_CANTOPEN:
             return " cannot be written to: " + failed + "; give this user the right to write the file and its folder";
-        case SQLITE_ERROR: return " cannot be used: " + failed + " (" + detail + ")";
+        case SQLITE_ERROR: return " cannot be used: " + failed + " (" + detail + ")" + std::string{kWayOut};
         default: return ": " + failed + ": " + sqlite3_errstr(code);
     }
 }

@@ -1,7 +1,10 @@
 #include "TestStore.h"
 #include "adapters/outlookstore/ItemBlob.h"
+#include "platform/Errors.h"
 
 #include <sqlite3.h>
+#include <fstream>
+#include <iterator>
 
 namespace wmoutlook::testing {
 
@@ -119,6 +122,35 @@ TEST(OldStoreFile, AFileOfVersion1IsBroughtUpToDateWithItsItems) {
                             "/- " + absent + "-/- -/" + seconds(makeDay(2026, 11, 30)) + " -/" + seconds(makeDay(2026, 11, 29)) +
                             " " + absent)
         << "an item that cannot be read hinders nobody";
+}
+
+TEST(OldStoreFile, OneThatLacksWhatNoUpdateMakesIsRefusedAndNotUpdated) {
+    const TestFolder folder;
+    const std::string path = folder.file("old.db");
+    const auto bytes = [&] {
+        std::ifstream file{path, std::ios::binary};
+        return std::string{std::istreambuf_iterator<char>{file}, {}};
+    };
+    struct Case {
+        std::string damage, said;
+    };
+    for (const Case& c :
+         {Case{"DROP TABLE Items", "no such table: Items"}, Case{"DROP TABLE Counters", R"(the table "Counters")"},
+          Case{"ALTER TABLE Items DROP COLUMN Modified", R"(the column "Modified")"},
+          Case{"UPDATE Folders SET Role = NULL WHERE Role = 13", R"(the default folder "Tasks")"}}) {
+        SCOPED_TRACE(c.damage);
+        std::filesystem::remove(path);
+        OldFile{path}.run(c.damage);
+        const std::string before = bytes();
+        try {
+            static_cast<void>(openOutlookStore(path));
+            ADD_FAILURE() << "it was opened";
+        } catch (const OutlookError& error) {
+            EXPECT_NE(std::string{error.what()}.find(c.said), std::string::npos) << error.what();
+            EXPECT_NE(std::string{error.what()}.find("; restore a backup"), std::string::npos) << error.what();
+        }
+        EXPECT_EQ(bytes(), before);
+    }
 }
 
 }  // namespace
