@@ -31,6 +31,16 @@ inline constexpr std::string_view kClientNoLongerExists = "<Client no longer exi
 [[nodiscard]] std::int32_t getDefaultContactIDFromCompanyID(std::int32_t companyID);
 [[nodiscard]] bool isContactDefaultContact(std::int32_t contactID, std::int32_t companyID);
 
+// The client of a calendar record, -1 for none; the schedule entry on which a task hangs.
+
+[[nodiscard]] std::int32_t getCompanyIDFromAppointmentID(std::int32_t appointmentID);
+[[nodiscard]] std::int32_t getContactIDFromAppointmentID(std::int32_t appointmentID);
+[[nodiscard]] std::int32_t getCompanyIDFromTaskID(std::int32_t taskID);
+[[nodiscard]] std::int32_t getContactIDFromTaskID(std::int32_t taskID);
+[[nodiscard]] std::int32_t getCompanyIDFromDocketID(std::int32_t docketID);
+[[nodiscard]] std::int32_t getContactIDFromDocketID(std::int32_t docketID);
+[[nodiscard]] std::int32_t getScheduleIDFromTaskID(std::int32_t taskID);
+
 // Whether a number names a row (modDatabaseFunctions_LookUps.cpp)
 
 [[nodiscard]] bool validCompanyID(std::int32_t companyID);

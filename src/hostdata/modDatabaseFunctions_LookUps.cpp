@@ -198,6 +198,43 @@ bool isContactDefaultContact(std::int32_t contactID, std::int32_t companyID) {
     return isDefault;
 }
 
+std::int32_t getCompanyIDFromAppointmentID(std::int32_t appointmentID) {
+    return lookUpNumber(
+        {"Tallowbrook.exe-modDatabaseFunctions-getCompanyIDFromAppointmentID", "Appointments", "AppointmentID", "CompanyIDNum"},
+        appointmentID);
+}
+
+std::int32_t getContactIDFromAppointmentID(std::int32_t appointmentID) {
+    return lookUpNumber(
+        {"Tallowbrook.exe-modDatabaseFunctions-getContactIDFromAppointmentID", "Appointments", "AppointmentID", "ContactIDNum"},
+        appointmentID);
+}
+
+std::int32_t getCompanyIDFromTaskID(std::int32_t taskID) {
+    return lookUpNumber({"Tallowbrook.exe-modDatabaseFunctions-getCompanyIDFromTaskID", "Tasks", "TaskID", "CompanyIDNum"},
+                        taskID);
+}
+
+std::int32_t getContactIDFromTaskID(std::int32_t taskID) {
+    return lookUpNumber({"Tallowbrook.exe-modDatabaseFunctions-getContactIDFromTaskID", "Tasks", "TaskID", "ContactIDNum"},
+                        taskID);
+}
+
+std::int32_t getCompanyIDFromDocketID(std::int32_t docketID) {
+    return lookUpNumber({"Tallowbrook.exe-modDatabaseFunctions-getCompanyIDFromDocketID", "Dockets", "DocketID", "CompanyIDNum"},
+                        docketID);
+}
+
+std::int32_t getContactIDFromDocketID(std::int32_t docketID) {
+    return lookUpNumber({"Tallowbrook.exe-modDatabaseFunctions-getContactIDFromDocketID", "Dockets", "DocketID", "ContactIDNum"},
+                        docketID);
+}
+
+std::int32_t getScheduleIDFromTaskID(std::int32_t taskID) {
+    return lookUpNumber({"Tallowbrook.exe-modDatabaseFunctions-getScheduleIDFromTaskID", "Tasks", "TaskID", "ScheduleIDNum"},
+                        taskID);
+}
+
 bool validCompanyID(std::int32_t companyID) {
     return validCompanyIDIfTold(companyID).value_or(false);
 }

@@ -112,6 +112,12 @@ Date timeOf(Date date) {
     return join({0, split(date).second});
 }
 
+Date minuteOf(Date date) {
+    constexpr std::int64_t kSeconds = 60;
+    const std::int64_t seconds = secondsSinceDayZero(timeOf(date));
+    return fromSecondsSinceDayZero(seconds - seconds % kSeconds);
+}
+
 Date addDays(Date date, std::int32_t days) {
     const DayAndSecond parts = split(date);
     return join({parts.day + days, parts.second});

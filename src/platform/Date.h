@@ -40,8 +40,9 @@ struct CivilDate {
 [[nodiscard]] std::int64_t secondsSinceDayZero(Date date);
 [[nodiscard]] Date fromSecondsSinceDayZero(std::int64_t seconds);
 
-[[nodiscard]] Date dayOf(Date date);   ///< the same day at midnight
-[[nodiscard]] Date timeOf(Date date);  ///< the time of day on day 0
+[[nodiscard]] Date dayOf(Date date);     ///< the same day at midnight
+[[nodiscard]] Date timeOf(Date date);    ///< the time of day on day 0
+[[nodiscard]] Date minuteOf(Date date);  ///< the time of day on day 0, its seconds dropped
 [[nodiscard]] Date addDays(Date date, std::int32_t days);
 [[nodiscard]] bool isEarlier(Date left, Date right);
 

@@ -23,13 +23,6 @@ std::optional<Date> dateIfRead(const outlook::Item& item, std::string_view name)
     return statement([&]() -> std::optional<Date> { return item.get(name).toDate(); });
 }
 
-/// The host keeps times to the minute.
-Date minuteOf(Date moment) {
-    constexpr std::int64_t kMinute = 60;
-    const std::int64_t seconds = secondsSinceDayZero(timeOf(moment));
-    return fromSecondsSinceDayZero(seconds - seconds % kMinute);
-}
-
 std::string timeLiteral(Date time) {
     return "#" + DateHelper::format(time, "h:nn:ss AMPM") + "#";
 }
@@ -93,7 +86,7 @@ std::string CalendarLinks::queryOfSame(const outlook::Item& item, std::int32_t u
     const auto subject = item.textIfRead(property::Subject);
     if (!start || !end || !isAllDayEvent || !subject) return {};
 
-    const Date timeFrom = minuteOf(*start);
+    const Date timeFrom = minuteOf(*start);  // the host keeps times to the minute
     const Date timeTo = minuteOf(*end);
     const bool isAllDay = *isAllDayEvent || (timeFrom == Date{} && timeTo == Date{});
     const std::string table{table_.name};

@@ -1,0 +1,93 @@
+#include "hostdata/HostServices.h"
+#include "hostdata/Recordset.h"
+#include "hostdata/modDatabaseFunctions_Calendar.h"
+#include "platform/Routine.h"
+#include "platform/ValueHelper.h"
+#include "syncstore/CalendarLinks.h"
+#include "syncstore/LinkQuery.h"
+
+#include <optional>
+
+namespace wmoutlook {
+
+namespace {
+
+/// The number of the first link that has one. It ends without a number only when every link was read: a number that could not
+/// be read is not replaced by a new one.
+struct SeriesNumber {
+    std::optional<std::int32_t> number;
+    bool isRead = true;
+};
+
+SeriesNumber findSeriesNumber(Recordset& links) {
+    SeriesNumber found;
+    for (links.moveFirst(); !links.isAtEnd(); links.moveNext()) {
+        const auto text = links.textIfRead("RepeatNum");
+        if (!text) found.isRead = false;
+        if (!text || ValueHelper::isNullOrEmpty(*text)) continue;
+        found.number = statement([&]() -> std::optional<std::int32_t> { return Variant{*text}.toInteger(); });
+        if (found.number) break;
+    }
+    return found;
+}
+
+}  // namespace
+
+std::int32_t CalendarLinks::getTallowbrookRepeatNumFromOutlookRecurringItemID(std::string_view entryID, std::int32_t,
+                                                                              std::string_view storeID, bool isRecurring) const {
+    std::int32_t repeatNum = kNoRecord;
+    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-getTallowbrookRepeatNumFromOutlookRecurringItemID",
+                    &run_.ExitProgram};
+    routine.run([&] {
+        if (!isRecurring || !isDatabaseOpen()) return;
+        Recordset links{linksOfStore(run_, storeID) + " AND OutlookID='" + std::string{entryID} +
+                            "' AND IsRecurringItem=True ORDER BY RecurringItemDate;",
+                        LockCode::updatable};
+        const SeriesNumber found = findSeriesNumber(links);
+        if (!found.number) {
+            using modDatabaseFunctions::CalendarType;
+            const bool isTask = table_.objects == outlookSyncObjectsEnum::syncTasks;
+            if (found.isRead)
+                repeatNum =
+                    modDatabaseFunctions::getAppointmentRepeatUniqueID(isTask ? CalendarType::tasks : CalendarType::appointments);
+            return;
+        }
+        repeatNum = *found.number;
+        const std::string text = toText(repeatNum);
+        for (links.moveFirst(); !links.isAtEnd(); links.moveNext())
+            if (links.textIfRead("RepeatNum") != text) links.update("RepeatNum", text);
+    });
+    return repeatNum;
+}
+
+void CalendarLinks::saveOutlookAppointmentID(std::string_view entryID, std::int32_t hostID, std::string_view storeID,
+                                             const Occurrence& occurrence, std::int32_t repeatNum) const {
+    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-saveOutlookAppointmentID", &run_.ExitProgram};
+    routine.run([&] {
+        if (!isDatabaseOpen()) return;
+        std::string query = linksOfStore(run_, storeID);
+        if (occurrence.isRecurring)
+            query = "SELECT OutlookSync.* From OutlookSync WHERE IsRecurringItem=True AND RecurringItemDate=#" +
+                    formatDateForSql(occurrence.day) + "# AND DataFileID = '" + run_.options.dataFileUniqueID +
+                    "' AND FolderStoreID = '" + std::string{storeID} + "'";
+        const Recordset links{query + ";", LockCode::updatable};
+        const auto isLinked = links.findFirstIfTold("OutlookID", entryID);
+        if (!isLinked || (!*isLinked && !links.addNew())) return;
+        const bool isKnown = *isLinked;
+        const auto put = [&](std::string_view field, std::string_view value) {
+            isKnown ? links.update(field, value) : links.set(field, value);
+        };
+        put("DataFileID", run_.options.dataFileUniqueID);
+        put(table_.linkField, toText(hostID));
+        put("FolderStoreID", storeID);
+        put("DateLastSync", toIsoText(now()));
+        put("IsRecurringItem", toText(occurrence.isRecurring));
+        if (occurrence.isRecurring) put("RecurringItemDate", toIsoText(occurrence.day));
+        put("RepeatNum", occurrence.isRecurring ? toText(repeatNum) : std::string{});
+        if (isKnown) return;
+        links.set("OutlookID", entryID);
+        links.save();
+    });
+}
+
+}  // namespace wmoutlook
