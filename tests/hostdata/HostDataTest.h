@@ -31,7 +31,7 @@ protected:
         for (host.database->moveFirst(set); !host.database->isEndOfRecordset(set); host.database->moveNext(set)) {
             std::string line;
             for (const std::string& field : fields)
-                line += (line.empty() ? "" : "|") + host.database->getField(set, field).toText();
+                line += (&field == fields.data() ? "" : "|") + host.database->getField(set, field).toText();
             lines.push_back(line);
         }
         host.database->closeRecordset(set);

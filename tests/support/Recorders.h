@@ -65,6 +65,7 @@ public:
 
     std::vector<std::string> calls;
     std::vector<std::string> messages;
+    std::vector<std::string> captions;
     std::int32_t minimum = -1;
     std::int32_t maximum = -1;
     std::int32_t shownValue = 0;
@@ -94,7 +95,10 @@ public:
              std::to_string(o.fourth));
     }
     void setIcon(std::int32_t icon) override { note("icon " + std::to_string(icon)); }
-    void setCaption(std::string_view) override { note("caption"); }
+    void setCaption(std::string_view caption) override {
+        note("caption");
+        captions.emplace_back(caption);
+    }
     void show(bool modal) override {
         note(modal ? "show modal" : "show");
         isUp = true;
