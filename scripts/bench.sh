@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
-# Measures what the contact pass costs beside a hand-written loop and prints a table (docs/performance.md says how to read it).
-#   scripts/bench.sh                      1,000, 10,000 and 100,000 companies, five rounds: some minutes
+# Measures what the contact pass costs beside a hand-written loop, then how fast rich text is read, and prints a table of each
+# (docs/performance.md says how to read them).
+#   scripts/bench.sh                      1,000, 10,000 and 100,000 companies, five rounds, and rich text: some minutes
+#   scripts/bench.sh --richtext           only rich text: half a minute
 #   scripts/bench.sh --guard              only whether a record costs the same at 8,000 companies as at 1,000: seconds
 #   scripts/bench.sh --verify             only whether both sides leave the same items and links
 #   scripts/bench.sh --sizes 1000,20000 --rounds 3 [--folder FOLDER]
@@ -8,11 +10,18 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
+programs=(wmoutlook_bench richtext_bench)
+case " $* " in
+    " --richtext ") programs=(richtext_bench) ;;
+    *" --richtext "*) echo "bench.sh: --richtext stands alone" >&2; exit 2 ;;
+    *" --guard "* | *" --verify "*) programs=(wmoutlook_bench) ;;
+esac
+
 scripts/install.sh bench
 if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}; fi
 mkdir -p build
 if ! { cmake --preset release -B build/bench -DWMOUTLOOK_BENCH=ON -DWMOUTLOOK_TESTS=OFF &&
-    cmake --build build/bench --target wmoutlook_bench; } >build/bench-build.log 2>&1; then
+    cmake --build build/bench --target "${programs[@]}"; } >build/bench-build.log 2>&1; then
     tail -n 40 build/bench-build.log >&2
     echo "bench.sh: the benchmark could not be built" >&2
     exit 1
@@ -26,4 +35,11 @@ if command -v taskset >/dev/null; then
     first_core=$(taskset -cp $$ | sed -E 's/.*: *([0-9]+).*/\1/')
     pin=(taskset -c "$first_core")
 fi
-"${pin[@]}" build/bench/bin/wmoutlook_bench --folder "$folder" "$@"
+failed=0
+for program in "${programs[@]}"; do
+    [[ $program == "${programs[0]}" ]] || echo
+    arguments=()
+    [[ $program != wmoutlook_bench ]] || arguments=(--folder "$folder" "$@")
+    "${pin[@]}" "build/bench/bin/$program" "${arguments[@]}" || failed=$?
+done
+exit "$failed"
