@@ -200,7 +200,6 @@ private:
     void endProgress(std::shared_ptr<ProgressDialog>& dialog);
     void syncContactsProgress_StartProgress();
     void syncAppointmentsProgress_StartProgress();
-    void SynchronizeAppointmentsOrTasks();
 
     Platform platform_;
     NewWizard newWizard_;

@@ -1,5 +1,6 @@
 #include "component/clsOutlookSynchronization.h"
 
+#include "calendar/SynchronizeAppointmentsOrTasks.h"
 #include "contacts/SynchronizeContacts.h"
 #include "hostdata/HostServices.h"
 #include "platform/Errors.h"
@@ -32,7 +33,7 @@ bool clsOutlookSynchronization::synchronize() {
                     break;
                 case outlookSyncObjectsEnum::syncAppointments:
                 case outlookSyncObjectsEnum::syncTasks:
-                    run_.options.showProgress ? showAppointmentsProgress() : SynchronizeAppointmentsOrTasks();
+                    run_.options.showProgress ? showAppointmentsProgress() : SynchronizeAppointmentsOrTasks(run_);
                     break;
             }
         });
@@ -92,13 +93,10 @@ void clsOutlookSynchronization::syncContactsProgress_StartProgress() {
 void clsOutlookSynchronization::syncAppointmentsProgress_StartProgress() {
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-syncAppointmentsProgress_StartProgress", &ExitProgram};
     routine.run([&] {
-        SynchronizeAppointmentsOrTasks();
+        SynchronizeAppointmentsOrTasks(run_);
         endProgress(run_.appointmentsProgress);
     });
 }
-
-/// The calendar has no pass yet: a run of appointments or tasks shows its dialog, touches nothing and ends.
-void clsOutlookSynchronization::SynchronizeAppointmentsOrTasks() {}
 
 std::int32_t clsOutlookSynchronization::getCompaniesCollectionRecordCount() const {
     std::int32_t count = 0;

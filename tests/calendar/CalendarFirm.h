@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/Errors.h"
 #include "platform/outlook/PropertyNames.h"
 #include "tests/support/TestFirm.h"
 
@@ -46,25 +45,9 @@ struct CalendarFirm {
         component->synchronize();
     }
 
-    [[nodiscard]] std::shared_ptr<outlook::port::NameSpace> nameSpace() const {
-        std::shared_ptr<outlook::port::Application> application;
-        try {
-            application = host.outlookStore->getRunning();
-        } catch (const OutlookError&) {  // the run has quit it
-            application = host.outlookStore->createNew();
-        }
-        return application->getNamespace("MAPI");
-    }
-    [[nodiscard]] std::shared_ptr<outlook::port::MAPIFolder> folder() const {
-        const bool isTasks = component->syncObjects() == outlookSyncObjectsEnum::syncTasks;
-        return nameSpace()->getDefaultFolder(isTasks ? outlook::DefaultFolder::tasks : outlook::DefaultFolder::calendar);
-    }
-    [[nodiscard]] std::vector<std::shared_ptr<outlook::port::Item>> items() const {
-        std::vector<std::shared_ptr<outlook::port::Item>> items;
-        const auto all = folder()->items();
-        for (auto item = all->getFirst(); item; item = all->getNext()) items.push_back(item);
-        return items;
-    }
+    [[nodiscard]] std::shared_ptr<outlook::port::NameSpace> nameSpace() const { return nameSpaceOf(*host.outlookStore); }
+    [[nodiscard]] std::shared_ptr<outlook::port::MAPIFolder> folder() const { return nameSpace()->getDefaultFolder(kind()); }
+    [[nodiscard]] std::vector<std::shared_ptr<outlook::port::Item>> items() const { return itemsIn(*host.outlookStore, kind()); }
     [[nodiscard]] std::vector<std::string> subjects() const {
         std::vector<std::string> subjects;
         for (const auto& item : items()) subjects.push_back(textOf(*item, property::Subject));
@@ -94,6 +77,11 @@ struct CalendarFirm {
     }
 
 private:
+    [[nodiscard]] outlook::DefaultFolder kind() const {
+        const bool isTasks = component->syncObjects() == outlookSyncObjectsEnum::syncTasks;
+        return isTasks ? outlook::DefaultFolder::tasks : outlook::DefaultFolder::calendar;
+    }
+
     std::int32_t add(const std::string& table, const std::string& key, Fields fields) {
         std::map<std::string, std::string> all{
             {"UserIDNum", toText(kUser)}, {"DateFrom", "2026-11-24"}, {"CompanyIDNum", "-1"}, {"ContactIDNum", "-1"}};

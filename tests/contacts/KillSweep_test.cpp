@@ -1,99 +1,14 @@
-#include "platform/Text.h"
 #include "tests/contacts/SmallFirm.h"
-
-#include <sqlite3.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <map>
+#include "tests/support/DyingProcess.h"
 
 namespace wmoutlook::testing {
 namespace {
-
-constexpr int kKilled = 42;
-
-/// A file system in which the process dies in the middle of the n-th write to any file.
-class DyingFileSystem {
-public:
-    static void install(int dieAtWrite) {
-        dieAt_ = dieAtWrite;
-        sqlite3_vfs* const real = sqlite3_vfs_find(nullptr);
-        realOpen_ = real->xOpen;
-        vfs_ = *real;
-        vfs_.zName = "dying";
-        vfs_.xOpen = &open;
-        sqlite3_vfs_register(&vfs_, 1);
-    }
-
-private:
-    static int open(sqlite3_vfs* vfs, const char* name, sqlite3_file* file, int flags, int* outFlags) {
-        const int result = realOpen_(vfs, name, file, flags, outFlags);
-        if (file->pMethods == nullptr) return result;
-        realWrite_ = file->pMethods->xWrite;  // the same for every kind of file
-        const auto [methods, isNew] = methods_.try_emplace(file->pMethods, *file->pMethods);
-        methods->second.xWrite = &write;
-        file->pMethods = &methods->second;
-        return result;
-    }
-
-    static int write(sqlite3_file* file, const void* data, int size, sqlite3_int64 offset) {
-        if (++writes_ == dieAt_) {
-            realWrite_(file, data, size / 2, offset);
-            _exit(kKilled);
-        }
-        return realWrite_(file, data, size, offset);
-    }
-
-    static inline sqlite3_vfs vfs_{};
-    static inline std::map<const sqlite3_io_methods*, sqlite3_io_methods> methods_;  ///< a copy of each real table
-    static inline int (*realWrite_)(sqlite3_file*, const void*, int, sqlite3_int64) = nullptr;
-    static inline int (*realOpen_)(sqlite3_vfs*, const char*, sqlite3_file*, int, int*) = nullptr;
-    static inline int writes_ = 0;
-    static inline int dieAt_ = 0;
-};
 
 void synchronizeAll(TestHost& host, const SmallFirm& firm) {
     const auto component = host.component();
     firm.selectAll(*component);
     component->startOutlook();
     component->synchronize();
-}
-
-/// Runs in a process of its own that dies in its n-th write; true when it did.
-bool dies(const FirmFiles& files, const SmallFirm& firm, int atWrite) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        DyingFileSystem::install(atWrite);
-        TestHost host{files};
-        synchronizeAll(host, firm);
-        _exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status));
-    EXPECT_TRUE(WEXITSTATUS(status) == 0 || WEXITSTATUS(status) == kKilled) << WEXITSTATUS(status);
-    return WIFEXITED(status) && WEXITSTATUS(status) == kKilled;
-}
-
-bool isSound(const std::string& path) {
-    sqlite3* database = nullptr;
-    EXPECT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
-    sqlite3_create_collation(
-        database, "TEXTUAL", SQLITE_UTF8, nullptr, [](void*, int leftSize, const void* left, int rightSize, const void* right) {
-            const auto order = compareTextually({static_cast<const char*>(left), static_cast<std::size_t>(leftSize)},
-                                                {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
-            return order < 0 ? -1 : order > 0;
-        });
-    std::string verdict;
-    sqlite3_exec(
-        database, "PRAGMA integrity_check",
-        [](void* text, int, char** values, char**) {
-            *static_cast<std::string*>(text) += values[0];
-            return 0;
-        },
-        &verdict, nullptr);
-    sqlite3_close(database);
-    return verdict == "ok";
 }
 
 TEST(KillSweep, ProcessThatDiesInAnyWriteLeavesSoundStoresAndTheNextRunConverges) {
@@ -109,7 +24,10 @@ TEST(KillSweep, ProcessThatDiesInAnyWriteLeavesSoundStoresAndTheNextRunConverges
         SCOPED_TRACE("write " + std::to_string(write));
         const TemporaryFolder folder;
         const FirmFiles files = firmFiles.copyTo(folder);
-        isKilled = dies(files, firm, write);
+        isKilled = dies(write, [&] {
+            TestHost host{files};
+            synchronizeAll(host, firm);
+        });
         ASSERT_TRUE(isSound(files.firm));
         ASSERT_TRUE(isSound(files.outlook));
         TestHost host{files};

@@ -81,18 +81,23 @@ std::vector<Link> linksOf(HostDatabase& database) {
     return links;
 }
 
-std::vector<std::shared_ptr<outlook::port::Item>> contactItems(outlook::port::Automation& outlook) {
-    std::vector<std::shared_ptr<outlook::port::Item>> items;
-    std::shared_ptr<outlook::port::Application> application;
+std::shared_ptr<outlook::port::NameSpace> nameSpaceOf(outlook::port::Automation& outlook) {
     try {
-        application = outlook.getRunning();
-    } catch (const OutlookError&) {  // the run has quit it
-        application = outlook.createNew();
+        return outlook.getRunning()->getNamespace("MAPI");
+    } catch (const OutlookError&) {
+        return outlook.createNew()->getNamespace("MAPI");
     }
-    const auto folder = application->getNamespace("MAPI")->getDefaultFolder(outlook::DefaultFolder::contacts);
-    const auto all = folder->items();
+}
+
+std::vector<std::shared_ptr<outlook::port::Item>> itemsIn(outlook::port::Automation& outlook, outlook::DefaultFolder folder) {
+    std::vector<std::shared_ptr<outlook::port::Item>> items;
+    const auto all = nameSpaceOf(outlook)->getDefaultFolder(folder)->items();
     for (auto item = all->getFirst(); item; item = all->getNext()) items.push_back(item);
     return items;
+}
+
+std::vector<std::shared_ptr<outlook::port::Item>> contactItems(outlook::port::Automation& outlook) {
+    return itemsIn(outlook, outlook::DefaultFolder::contacts);
 }
 
 std::string textOf(const outlook::port::Item& item, std::string_view property) {

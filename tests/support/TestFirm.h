@@ -52,7 +52,10 @@ std::int32_t addContact(HostDatabase& database, const Fields& fields);
 void makeDefaultContact(HostDatabase& database, std::int32_t companyID, std::int32_t contactID);
 std::vector<Link> linksOf(HostDatabase& database);
 
-/// The items of the default contacts folder, in folder order.
+/// The session of the Outlook that is running, or of a new one when the run has quit it.
+std::shared_ptr<outlook::port::NameSpace> nameSpaceOf(outlook::port::Automation& outlook);
+/// The items of a default folder, in folder order.
+std::vector<std::shared_ptr<outlook::port::Item>> itemsIn(outlook::port::Automation& outlook, outlook::DefaultFolder folder);
 std::vector<std::shared_ptr<outlook::port::Item>> contactItems(outlook::port::Automation& outlook);
 std::string textOf(const outlook::port::Item& item, std::string_view property);
 

@@ -1,0 +1,147 @@
+#include "calendar/CalendarWriter.h"
+
+#include "hostdata/HostServices.h"
+#include "hostdata/Recordset.h"
+#include "hostdata/modDatabaseFunctions.h"
+#include "platform/Routine.h"
+#include "platform/ValueHelper.h"
+#include "platform/outlook/PropertyNames.h"
+#include "platform/richtext/RichText.h"
+#include "syncstore/TargetItem.h"
+
+#include <optional>
+
+namespace wmoutlook {
+
+namespace property = outlook::property;
+using ValueHelper::isNullOrEmpty;
+
+namespace {
+
+/// The client of a calendar row under the name that stands in the item; nothing when the row has none.
+struct Client {
+    using NameOfContact = std::string (*)(std::int32_t);
+
+    std::optional<std::string> name;
+
+    Client(const Recordset& row, NameOfContact nameOfContact) {
+        const std::int32_t companyID = row.number("CompanyIDNum", kNoRecord);
+        if (modDatabaseFunctions::validCompanyID(companyID)) {
+            name = modDatabaseFunctions::getCompanyNameFromCompanyID(companyID);
+            return;
+        }
+        const std::int32_t contactID = row.number("ContactIDNum", kNoRecord);
+        if (modDatabaseFunctions::validContactID(contactID)) name = nameOfContact(contactID);
+    }
+};
+
+/// The day of the row joined with one of its times; a blank time is midnight. Nothing when the day is blank or was not read.
+std::optional<Date> moment(const Recordset& row, std::string_view timeField) {
+    const auto day = row.dateIfRead("DateFrom");
+    if (!day) return std::nullopt;
+    const Variant time = row.field(timeField);
+    if (isNullOrEmpty(time)) return dayOf(*day);
+    return statement([&]() -> std::optional<Date> {
+        return fromSecondsSinceDayZero(secondsSinceDayZero(dayOf(*day)) + secondsSinceDayZero(timeOf(time.toDate())));
+    });
+}
+
+/// A row without a client says so by -1: a blank number in the host is put right on the way.
+void repairBlankClient(const Recordset& row) {
+    for (const std::string_view field : {"CompanyIDNum", "ContactIDNum"})
+        if (const auto number = row.textIfRead(field); number && isNullOrEmpty(*number)) row.update(field, toText(kNoRecord));
+}
+
+/// Without a reminder in the host, one that was set by hand in Outlook stays.
+void writeReminder(const outlook::Item& item, const Recordset& row) {
+    constexpr std::int32_t kDefaultMinutes = 5;
+    if (!row.truth("Remind")) return;
+    item.put(property::ReminderSet, true);
+    const std::string period = row.text("ReminderPeriod");
+    item.put(property::ReminderMinutesBeforeStart, statement([&] { return reminderMinutes(period); }, kDefaultMinutes));
+}
+
+}  // namespace
+
+std::optional<std::string> CalendarWriter::write(std::string_view errorTag, std::int32_t hostID, std::string_view entryID,
+                                                 std::string_view storeID, WriteMapped writeMapped) const {
+    std::optional<std::string> written;
+    Routine routine{errorTag, &run_.ExitProgram};
+    routine.run([&] {
+        const outlook::Item target = itemToWrite(run_, table_.itemType, entryID, storeID);
+        stamp(target, now());
+        writeRow(
+            {table_.name, table_.key, hostID, LockCode::updatable}, target,
+            [&](const outlook::Item& item, const Recordset& row) {
+                (this->*writeMapped)(item, row);
+                if (run_.options.showProgress)
+                    showProgressCaption(run_.appointmentsProgress, "Synchronizing " + row.text("Subject"));
+            },
+            written);
+    });
+    return written;
+}
+
+std::optional<std::string> CalendarWriter::createNewTallowbrookAppointmentInOutlook(std::int32_t appointmentID,
+                                                                                    std::string_view entryID,
+                                                                                    std::string_view storeID) const {
+    return write("wmoutlooktb.dll-clsOutlookSynchronization-createNewTallowbrookAppointmentInOutlook", appointmentID, entryID,
+                 storeID, &CalendarWriter::writeAppointment);
+}
+
+std::optional<std::string> CalendarWriter::CreateTask(std::int32_t taskID, std::string_view entryID,
+                                                      std::string_view storeID) const {
+    return write("wmoutlooktb.dll-clsOutlookSynchronization-CreateTask", taskID, entryID, storeID, &CalendarWriter::writeTask);
+}
+
+void CalendarWriter::writeAppointment(const outlook::Item& item, const Recordset& row) const {
+    if (const auto start = moment(row, "TimeFrom")) item.put(property::Start, *start);
+    if (const auto end = moment(row, "TimeTo")) item.put(property::End, *end);
+    repairBlankClient(row);
+
+    const Client client{row, modDatabaseFunctions::getContactNameFromContactID};
+    if (client.name) item.put(property::Companies, *client.name);
+    if (const auto subject = row.textIfRead("Subject"))
+        item.put(property::Subject, client.name ? *subject + " with " + *client.name : *subject);
+
+    writeBody(item, row);
+    writeReminder(item, row);
+}
+
+/// A task takes neither notes nor a reminder to Outlook.
+void CalendarWriter::writeTask(const outlook::Item& item, const Recordset& row) const {
+    if (const auto day = row.dateIfRead("DateFrom")) item.put(property::DueDate, *day);
+
+    const Client client{row, modDatabaseFunctions::getDisplayNameFromContactID};
+    if (const auto subject = row.textIfRead("Subject"))
+        item.put(property::Subject, client.name ? *subject + " for " + *client.name : *subject);
+    if (client.name) item.put(property::Companies, *client.name);
+
+    if (const auto isClosed = row.truthIfRead("Closed")) item.put(property::Complete, *isClosed);
+}
+
+void CalendarWriter::writeBody(const outlook::Item& item, const Recordset& row) const {
+    const Variant notes = row.field("TextBody");
+    if (notes.isNull()) return;
+    const std::string text = notes.toText();
+    if (!IsTextInRTBEmpty(text)) item.put(property::Body, getPlainTextFromRTBText(text));
+}
+
+bool CalendarWriter::IsTextInRTBEmpty(std::string_view text) const {
+    bool isEmpty = true;
+    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-IsTextInRTBEmpty", &run_.ExitProgram};
+    routine.run([&] { isEmpty = RichText::isEmpty(text); });
+    return isEmpty;
+}
+
+bool CalendarWriter::getPlainTextFromRTBText(std::string_view text) const {
+    bool asTruthValue = false;
+    Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-getPlainTextFromRTBText", &run_.ExitProgram};
+    routine.run([&] {
+        const std::string plainText = RichText::plainText(text);
+        asTruthValue = statement([&] { return Variant{plainText}.toBoolean(); });
+    });
+    return asTruthValue;
+}
+
+}  // namespace wmoutlook

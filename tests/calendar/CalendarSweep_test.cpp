@@ -1,0 +1,93 @@
+#include "tests/calendar/SmallCalendar.h"
+#include "tests/support/DyingProcess.h"
+#include "tests/support/FaultyRun.h"
+
+namespace wmoutlook::testing {
+namespace {
+
+using Faulty = FaultyRun<SmallCalendar>;
+
+void selectAll(const SmallCalendar& calendar, clsOutlookSynchronization& component) {
+    calendar.selectAll(component);
+}
+
+void selectNothing(const SmallCalendar&, clsOutlookSynchronization&) {}
+
+/// Nothing in the host is lost, whatever fails.
+void expectRowsKept(Faulty& faulty) {
+    const RecordsetHandle rows =
+        faulty.host.database->openRecordset("SELECT Appointments.* FROM Appointments;", LockCode::readOnly);
+    EXPECT_EQ(faulty.host.database->recordCount(rows), 3);
+    faulty.host.database->closeRecordset(rows);
+}
+
+class CalendarFaults : public ::testing::TestWithParam<ErrorAnswer> {};
+
+TEST_P(CalendarFaults, AnyOneFailingCallLosesNothingAndTheNextRunIsComplete) {
+    const int calls = sweepFaults<SmallCalendar>(GetParam(), selectNothing, [](Faulty& faulty) {
+        expectRowsKept(faulty);
+        if (isRepeated(GetParam())) SmallCalendar::expectComplete(faulty.host);
+        faulty.runCleanly();
+        SmallCalendar::expectComplete(faulty.host);
+        EXPECT_LE(SmallCalendar::itemsOf(faulty.host).size(), 4U);  // one whose link could not be stored is written again
+    });
+    EXPECT_GT(calls, 150);
+}
+
+TEST_P(CalendarFaults, NoFailingCallOfAnUpdateDoublesOrDeletesAnItem) {
+    const int calls = sweepFaults<SmallCalendar>(GetParam(), selectAll, [](Faulty& faulty) {
+        const std::size_t comesBack = faulty.planned.firstFailed == "NameSpace.getItemFromID" ? 1 : 0;
+        EXPECT_GE(SmallCalendar::itemsOf(faulty.host).size(), 3U);
+        faulty.runCleanly();
+        SmallCalendar::expectComplete(faulty.host);
+        EXPECT_EQ(SmallCalendar::itemsOf(faulty.host).size(), 3U + comesBack);
+    });
+    EXPECT_GT(calls, 150);
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, CalendarFaults,
+                         ::testing::Values(ErrorAnswer::goOn, ErrorAnswer::leaveRoutine, ErrorAnswer::endProgram,
+                                           ErrorAnswer::tryAgain));
+
+TEST(LastingCalendarFaults, EndTheRun) {
+    for (const ErrorAnswer answer : {ErrorAnswer::goOn, ErrorAnswer::leaveRoutine})
+        sweepLastingFaults<SmallCalendar>(answer, selectAll, expectRowsKept);
+}
+
+void synchronizeAll(TestHost& host, const SmallCalendar& calendar) {
+    const auto component = host.component();
+    calendar.selectAll(*component);
+    component->startOutlook();
+    component->synchronize();
+}
+
+/// A process that dies between the save of an item and that of its link leaves the item behind without one: the calendar, unlike
+/// the contacts, has no search by which the next run would know it again. That is one item at most.
+TEST(CalendarKills, ProcessThatDiesInAnyWriteLeavesSoundStoresAndTheNextRunConverges) {
+    const TemporaryFolder prepared;
+    const FirmFiles firmFiles = FirmFiles::make(prepared);
+    const SmallCalendar calendar = [&] {
+        TestHost host{firmFiles};
+        return SmallCalendar{*host.database};
+    }();
+    int write = 1;
+    for (bool isKilled = true; isKilled && !::testing::Test::HasFailure(); ++write) {
+        SCOPED_TRACE("write " + std::to_string(write));
+        const TemporaryFolder folder;
+        const FirmFiles files = firmFiles.copyTo(folder);
+        isKilled = dies(write, [&] {
+            TestHost host{files};
+            synchronizeAll(host, calendar);
+        });
+        ASSERT_TRUE(isSound(files.firm));
+        ASSERT_TRUE(isSound(files.outlook));
+        TestHost host{files};
+        synchronizeAll(host, calendar);
+        SmallCalendar::expectComplete(host);
+        EXPECT_LE(SmallCalendar::itemsOf(host).size(), 4U);
+    }
+    EXPECT_GT(write, 30);
+}
+
+}  // namespace
+}  // namespace wmoutlook::testing
