@@ -212,4 +212,27 @@ void makeFirm(const Files& files, std::int32_t companies) {
     rows.commit();
 }
 
+void makeCalendar(const Files& files, std::int32_t appointments) {
+    constexpr std::int32_t kCompanies = 100;
+    makeFirm(files, kCompanies);
+    Rows rows{files.firm};
+    for (std::int32_t i = 1; i <= appointments; ++i) {
+        Record record{i};
+        const double hour = 1.0 / 24;
+        const auto from = Date{static_cast<double>(8 + record.draw(9)) * hour};
+        rows.add("Appointments",
+                 {{"UserIDNum", static_cast<std::int32_t>(1 + record.draw(10))},
+                  {"CompanyIDNum", i % 2 == 0 ? static_cast<std::int32_t>(1 + record.draw(kCompanies)) : kNoRecord},
+                  {"ContactIDNum", kNoRecord},
+                  {"DateFrom", Date{static_cast<double>(45000 + record.draw(1000))}},
+                  {"TimeFrom", from},
+                  {"TimeTo", Date{from.days + hour}},
+                  {"Subject", std::string{record.pick(kTrades)} + " " + record.number()},
+                  {"Remind", i % 4 == 0},
+                  {"ReminderPeriod", "1 Hr"},
+                  {"TextBody", i % 4 == 1 ? Variant{"{\\rtf1\\ansi\\b True\\par}"} : Variant{}}});
+    }
+    rows.commit();
+}
+
 }  // namespace wmoutlook::bench

@@ -26,4 +26,8 @@ struct Files {
 /// Outlook. The same number gives the same firm. Existing files are replaced.
 void makeFirm(const Files& files, std::int32_t companies);
 
+/// Makes both files with so many appointments of ten users, every other one with one of a hundred companies, every fourth with
+/// a reminder or with notes.
+void makeCalendar(const Files& files, std::int32_t appointments);
+
 }  // namespace wmoutlook::bench

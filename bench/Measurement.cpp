@@ -45,19 +45,19 @@ Workshop::~Workshop() {
 }
 
 template <class Side>
-PerRecord Workshop::carry(std::int32_t companies, std::int32_t times, const char* name, std::int64_t& laterPrepared) {
+PerRecord Workshop::carry(std::int32_t records, std::int32_t times, const char* name, std::int64_t& laterPrepared) {
     const Files files = Files::in(folder_, name);
     PerRecord seconds{};
     for (std::int32_t i = 0; i < times; ++i) {
-        Files::in(folder_, templateOf(companies)).copyTo(files);
-        Side side{files, companies};
+        Files::in(folder_, templateOf(records)).copyTo(files);
+        Side side{files, records};
         for (double& total : seconds) {
             const Cost cost = side.run();
             total += cost.seconds;
             laterPrepared += cost.laterPrepared;
         }
     }
-    for (double& total : seconds) total *= 1e6 / (static_cast<double>(companies) * times);
+    for (double& total : seconds) total *= 1e6 / (static_cast<double>(records) * times);
     return seconds;
 }
 
@@ -66,7 +66,7 @@ Measurement Workshop::measure(std::int32_t companies, int rounds) {
     makeFirm(original, companies);
     const std::int32_t times = std::max(1, kFewestRecords / companies);
     Measurement result;
-    result.companies = companies;
+    result.records = companies;
     std::int64_t ofLoop = 0;
     for (int round = 0; round < rounds; ++round) {
         const bool isPassFirst = round % 2 == 0;
@@ -79,15 +79,22 @@ Measurement Workshop::measure(std::int32_t companies, int rounds) {
     return result;
 }
 
-std::array<Measurement, 2> Workshop::measurePass(std::int32_t small, std::int32_t large, int rounds) {
-    std::array<Measurement, 2> results;
-    results[0].companies = small;
-    results[1].companies = large;
-    for (const std::int32_t companies : {small, large}) makeFirm(Files::in(folder_, templateOf(companies)), companies);
+template <class AnyPass>
+std::vector<Measurement> Workshop::measurePass(const std::vector<std::int32_t>& sizes, int rounds) {
+    std::vector<Measurement> results;
+    for (const std::int32_t records : sizes) {
+        AnyPass::makeFiles(Files::in(folder_, templateOf(records)), records);
+        results.emplace_back().records = records;
+    }
     for (int round = 0; round < rounds; ++round)
-        for (Measurement& result : results)
-            result.pass.push_back(carry<Pass>(result.companies, large / result.companies, kPass, result.laterPrepared));
+        for (Measurement& result : results) {
+            const std::int32_t times = std::max(1, std::min(sizes.back(), kFewestRecords) / result.records);
+            result.pass.push_back(carry<AnyPass>(result.records, times, kPass, result.laterPrepared));
+        }
     return results;
 }
+
+template std::vector<Measurement> Workshop::measurePass<Pass>(const std::vector<std::int32_t>&, int);
+template std::vector<Measurement> Workshop::measurePass<CalendarPass>(const std::vector<std::int32_t>&, int);
 
 }  // namespace wmoutlook::bench

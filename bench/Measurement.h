@@ -15,7 +15,7 @@ enum RunKind : std::size_t { creating, updating, kRunKinds };
 using PerRecord = std::array<double, kRunKinds>;
 
 struct Measurement {
-    std::int32_t companies = 0;
+    std::int32_t records = 0;
     std::vector<PerRecord> pass;  ///< one entry per round
     std::vector<PerRecord> loop;
     std::int64_t laterPrepared = 0;  ///< by the pass, in all rounds
@@ -33,12 +33,13 @@ public:
 
     /// Both sides by turns on copies of the same firm; each round ends with a comparison of what they have left behind.
     [[nodiscard]] Measurement measure(std::int32_t companies, int rounds);
-    /// The pass alone at two sizes by turns, the small one as often as the large one contains it.
-    [[nodiscard]] std::array<Measurement, 2> measurePass(std::int32_t small, std::int32_t large, int rounds);
+    /// A pass (Pass.h) alone at several sizes by turns, each as often as the largest, which is the last, contains it.
+    template <class AnyPass>
+    [[nodiscard]] std::vector<Measurement> measurePass(const std::vector<std::int32_t>& sizes, int rounds);
 
 private:
     template <class Side>
-    PerRecord carry(std::int32_t companies, std::int32_t times, const char* name, std::int64_t& laterPrepared);
+    PerRecord carry(std::int32_t records, std::int32_t times, const char* name, std::int64_t& laterPrepared);
 
     std::string folder_;
 };

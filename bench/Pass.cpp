@@ -6,7 +6,6 @@
 #include "adapters/headless/WorkingFolders.h"
 #include "adapters/outlookstore/OutlookStore.h"
 #include "adapters/sql/SqliteDatabase.h"
-#include "component/clsOutlookSynchronization.h"
 #include "hostdata/HostServices.h"
 
 #include <optional>
@@ -19,18 +18,24 @@ namespace {
 /// Counts the failures, and notes what had been prepared when the work on the second record began.
 class CountingErrors : public ErrorService {
 public:
+    explicit CountingErrors(const PassPlan& plan) : plan_(plan) {}
+
     std::int64_t reports = 0;
     std::string first;
 
     void beginRun() {
         recordsBegun_ = 0;
         preparedByFirst_.reset();
+        preparedByEnd_.reset();
     }
-    [[nodiscard]] std::int64_t laterPrepared() const { return preparedByFirst_ ? preparedStatements() - *preparedByFirst_ : 0; }
+    [[nodiscard]] std::int64_t laterPrepared() const {
+        return preparedByFirst_ ? preparedByEnd_.value_or(preparedStatements()) - *preparedByFirst_ : 0;
+    }
 
     void enterFunction(std::string_view errorTag) override {
-        if (preparedByFirst_ || !errorTag.ends_with(kFirstOfRecord)) return;
-        if (++recordsBegun_ == 2) preparedByFirst_ = preparedStatements();
+        if (!plan_.endRoutine.empty() && errorTag.ends_with(plan_.endRoutine)) preparedByEnd_ = preparedStatements();
+        if (preparedByFirst_ || !errorTag.ends_with(plan_.firstRoutine)) return;
+        if (++recordsBegun_ == plan_.kindsOfRecords + 1) preparedByFirst_ = preparedStatements();
     }
     void leaveFunction() override {}
     ErrorAnswer reportError(const ErrorReport& report) override {
@@ -39,19 +44,27 @@ public:
     }
 
 private:
-    /// The routine with which the work on a company begins.
-    static constexpr std::string_view kFirstOfRecord = "-getOutlookIDFromTallowbrookCompanyID";
-
+    PassPlan plan_;
     int recordsBegun_ = 0;
     std::optional<std::int64_t> preparedByFirst_;
+    std::optional<std::int64_t> preparedByEnd_;
 };
+
+constexpr PassPlan kCompanies{outlookSyncObjectsEnum::syncContacts, "-getOutlookIDFromTallowbrookCompanyID", {}, 1, 2};
+constexpr PassPlan kAppointments{outlookSyncObjectsEnum::syncAppointments, "-getOutlookIDFromTallowbrookAppointmentID",
+                                 "-deleteMissingTallowbrookApptsInOutlook", 2,
+                                 4};  // with and without a company; the walk over the links yields too
 
 }  // namespace
 
 struct Pass::Host {
+    Host(std::int32_t records, const PassPlan& plan)
+        : wantedYields(records * plan.yieldsPerRecord), errors(std::make_shared<CountingErrors>(plan)) {}
+
+    std::int64_t wantedYields;
     std::shared_ptr<Clock> clock = std::make_shared<FixedClock>(kToday);
     std::shared_ptr<IdleMessageLoop> messageLoop = std::make_shared<IdleMessageLoop>();
-    std::shared_ptr<CountingErrors> errors = std::make_shared<CountingErrors>();
+    std::shared_ptr<CountingErrors> errors;
     std::shared_ptr<HostDatabase> firm;
     std::unique_ptr<clsOutlookSynchronization> component;
 
@@ -70,7 +83,7 @@ struct Pass::Host {
     }
 };
 
-Pass::Pass(const Files& files, std::int32_t companies) : host_(std::make_unique<Host>()) {
+Pass::Pass(const Files& files, std::int32_t records, const PassPlan& plan) : host_(std::make_unique<Host>(records, plan)) {
     host_->firm = openSqliteDatabase(files.firm);
     host_->component = std::make_unique<clsOutlookSynchronization>(host_->platform(files));
     clsOutlookSynchronization& component = *host_->component;
@@ -79,8 +92,21 @@ Pass::Pass(const Files& files, std::int32_t companies) : host_(std::make_unique<
     component.DatabaseReference(host_->firm);
     component.dataFileUniqueID(std::string{kDataFileID});
     component.showProgress(false);
-    for (std::int32_t id = 1; id <= companies; ++id) component.companyCollection->add({Variant{id}});
+    component.syncObjects(plan.objects);
+    component.mvarUseAppointmentDateRange = false;
     if (!component.startOutlook() || !component.connectedToOutlook()) throw std::runtime_error{"Outlook cannot be reached"};
+}
+
+Pass::Pass(const Files& files, std::int32_t companies) : Pass(files, companies, kCompanies) {
+    for (std::int32_t id = 1; id <= companies; ++id) component().companyCollection->add({Variant{id}});
+}
+
+CalendarPass::CalendarPass(const Files& files, std::int32_t appointments) : Pass(files, appointments, kAppointments) {
+    component().companyCollection->add({Variant{}, Variant{}, std::int32_t{0}});  // all users
+}
+
+clsOutlookSynchronization& Pass::component() const {
+    return *host_->component;
 }
 
 Pass::~Pass() {
@@ -97,8 +123,7 @@ Cost Pass::run() {
     const double end = processorSeconds();
     const std::int64_t yields = host_->messageLoop->yields() - yieldsBefore;
     if (host_->errors->reports != 0) throw std::runtime_error{"The pass met a failure: " + host_->errors->first};
-    if (yields != 2 * std::int64_t{host_->component->getCompaniesCollectionRecordCount()})  // a record yields twice
-        throw std::runtime_error{"The pass did not walk all companies"};
+    if (yields != host_->wantedYields) throw std::runtime_error{"The pass did not walk all records"};
     return {end - begin, host_->errors->laterPrepared()};
 }
 
