@@ -33,6 +33,8 @@ std::optional<std::string> defaultDescription(const FixedCategory& category) {
     return description.append(*name).append(category.descriptionEnd);
 }
 
+constexpr std::string_view kAllCategories = "SELECT Categories.* FROM Categories;";
+
 struct NewCategory {
     std::string code;
     std::string name;
@@ -40,16 +42,30 @@ struct NewCategory {
     std::optional<std::int32_t> parent;
 };
 
-std::int32_t addCategory(const NewCategory& category) {
-    const Recordset categories{"SELECT Categories.* FROM Categories;", LockCode::updatable};
-    categories.addNew();
-    if (category.parent) categories.set("CategoryNum", toText(*category.parent));
-    categories.set("CategoryName", category.name);
-    categories.set("CategoryDescription", category.description);
-    categories.set("CategorySpecialCode", category.code);
-    const std::int32_t id = categories.number("CategoryID", kNoRecord);
-    if (id != kNoRecord) categories.save();  // a category that nobody can name again is not begun
-    return id;
+/// Nothing when the application cannot be named.
+std::optional<NewCategory> newCategory(const FixedCategory& category, std::optional<std::int32_t> parent) {
+    const auto name = defaultName(category);
+    const auto description = defaultDescription(category);
+    if (!name || !description) return std::nullopt;
+    return NewCategory{std::string{category.code}, *name, *description, parent};
+}
+
+/// Fills a new row and gives its number, or -1 for a row that is not to be saved: without its code every request would add
+/// another one, without its parent nobody would see it, and a number read without a new row is that of another category.
+std::int32_t beginCategory(const Recordset& categories, const NewCategory& category) {
+    const bool isComplete =
+        categories.addNew() && (!category.parent || categories.set("CategoryNum", toText(*category.parent))) &&
+        categories.set("CategoryName", category.name) && categories.set("CategoryDescription", category.description) &&
+        categories.set("CategorySpecialCode", category.code);
+    return isComplete ? categories.number("CategoryID", kNoRecord) : kNoRecord;
+}
+
+// The numbers below are given by reference: one that is known stays with the caller also when closing a set leaves the routine.
+
+void addCategory(const NewCategory& category, std::int32_t& id) {
+    const Recordset categories{kAllCategories, LockCode::updatable};
+    const std::int32_t number = beginCategory(categories, category);
+    if (number != kNoRecord && categories.save()) id = number;
 }
 
 std::string queryByCode(std::string_view wantedFields, std::string_view code) {
@@ -57,38 +73,39 @@ std::string queryByCode(std::string_view wantedFields, std::string_view code) {
            " FROM Categories WHERE CategorySpecialCode = '" + std::string{code} + "';";
 }
 
-struct Found {
-    std::int32_t id = kNoRecord;
-    bool isMissing = false;  ///< known to have no row; a read that failed does not say so
-};
-
-Found findCategory(const std::string& query) {
+/// Whether the category is known to have no row; a read that failed does not say so.
+bool isMissing(const std::string& query, std::int32_t& id) {
     const Recordset categories{query};
     const auto isThere = categories.hasRowsIfTold();
-    if (!isThere) return {};
-    return *isThere ? Found{categories.number("CategoryID", kNoRecord), false} : Found{kNoRecord, true};
+    if (isThere.value_or(false)) id = categories.number("CategoryID", kNoRecord);
+    return isThere == false;
 }
 
-std::int32_t addFixedCategory(const FixedCategory& category, std::optional<std::int32_t> parent) {
-    const auto name = defaultName(category);
-    const auto description = defaultDescription(category);
-    if (!name || !description) return kNoRecord;
-    return addCategory({std::string{category.code}, *name, *description, parent});
+/// Whether the child is there and hangs under the root now; nothing when that could not be told or done.
+std::optional<bool> hang(const FixedCategory& child, std::int32_t mainID, std::int32_t& id) {
+    const Recordset categories{queryByCode("Categories.CategoryID, Categories.CategoryNum", child.code), LockCode::updatable};
+    const auto isThere = categories.hasRowsIfTold();
+    if (!isThere.value_or(false)) return isThere;
+    id = categories.number("CategoryID", kNoRecord);
+    return categories.update("CategoryNum", toText(mainID)) ? isThere : std::nullopt;
 }
 
-/// Hangs the child under the root, creating it where it is absent.
-std::int32_t ensureChild(const FixedCategory& category, std::int32_t mainID) {
-    {
-        const Recordset categories{queryByCode("Categories.CategoryID, Categories.CategoryNum", category.code),
-                                   LockCode::updatable};
-        const auto isThere = categories.hasRowsIfTold();
-        if (!isThere) return kNoRecord;
-        if (*isThere) {
-            categories.update("CategoryNum", toText(mainID));
-            return categories.number("CategoryID", kNoRecord);
-        }
+void addChild(const FixedCategory& child, std::int32_t mainID, std::int32_t& id) {
+    if (const auto category = newCategory(child, mainID)) addCategory(*category, id);
+}
+
+/// Children that outlived their root are moved before the new one is saved: nobody looks after them once there is a root.
+void addMain(std::int32_t& mainID) {
+    const auto category = newCategory(kMain, std::nullopt);
+    if (!category) return;
+    const Recordset categories{kAllCategories, LockCode::updatable};
+    const std::int32_t number = beginCategory(categories, *category);
+    if (number == kNoRecord) return;
+    for (const FixedCategory& child : kChildrenOfMain) {
+        std::int32_t childID = kNoRecord;
+        if (!hang(child, number, childID)) return;
     }
-    return addFixedCategory(category, mainID);
+    if (categories.save()) mainID = number;
 }
 
 std::int32_t createChild(std::string_view errorTag, const FixedCategory& category) {
@@ -97,7 +114,7 @@ std::int32_t createChild(std::string_view errorTag, const FixedCategory& categor
     routine.run([&] {
         if (!isDatabaseOpen()) return;
         const std::int32_t mainID = getMainCategoryNum();  // a root that had to be created has brought this child along
-        if (mainID != kNoRecord) id = ensureChild(category, mainID);
+        if (mainID != kNoRecord && hang(category, mainID, id) == false) addChild(category, mainID, id);
     });
     return id;
 }
@@ -109,8 +126,7 @@ std::int32_t categoryNum(std::string_view errorTag, const FixedCategory& categor
     Routine routine{errorTag};
     routine.run([&] {
         if (!isDatabaseOpen()) return;
-        const Found found = findCategory(queryByCode("Categories.CategoryID", category.code));
-        id = found.isMissing ? create() : found.id;
+        if (isMissing(queryByCode("Categories.CategoryID", category.code), id)) id = create();
     });
     return id;
 }
@@ -136,27 +152,83 @@ std::string categoryName(std::string_view errorTag, const FixedCategory& categor
 
 // Tax years
 
-constexpr std::array<std::string_view, 4> kCopiedStepFields{"StepName", "StepDescription", "ColumnName", "DefaultWidth"};
+constexpr std::array<std::string_view, 5> kStepFields{"StepName", "StepDescription", "ColumnName", "DefaultWidth", "SortIndex"};
+constexpr std::size_t kStepName = 0;
+constexpr std::size_t kSortIndex = 4;
+using Step = std::array<std::string, kStepFields.size()>;
 
-std::string stepsOfYear(std::int32_t year) {
-    return "SELECT PersonalTaxSteps.* FROM PersonalTaxSteps WHERE PersonalTaxSteps.TaxYear=" + toText(year);
+std::optional<Step> readStep(const Recordset& row) {
+    Step step;
+    for (std::size_t i = 0; i < step.size(); ++i) {
+        auto text = row.textIfRead(kStepFields[i]);
+        if (!text) return std::nullopt;
+        step[i] = *std::move(text);
+    }
+    return step;
 }
 
-/// False when the year before is known to have no steps.
-bool copyStepsOfYearBefore(std::int32_t year) {
-    Recordset before{stepsOfYear(year - 1) + " ORDER BY PersonalTaxSteps.SortIndex;"};
-    if (before.hasRowsIfTold() == false) return false;
-    const Recordset steps{"SELECT PersonalTaxSteps.* FROM PersonalTaxSteps;", LockCode::updatable};
-    for (before.moveFirst(); !before.isAtEnd(); before.moveNext()) {
-        const std::string sortIndex = before.text("SortIndex");
-        steps.addNew();
-        steps.set("TaxYear", toText(year));
-        for (const std::string_view field : kCopiedStepFields) steps.set(field, before.text(field));
-        steps.set("SortIndex", sortIndex);
-        steps.set("OldSortIndex", sortIndex);
-        steps.save();
+/// Nothing when not all of them could be read: a walk that a failing call ends looks like one of fewer steps.
+std::optional<std::vector<Step>> stepsOfYear(std::int32_t year) {
+    Recordset rows{"SELECT PersonalTaxSteps.* FROM PersonalTaxSteps WHERE PersonalTaxSteps.TaxYear=" + toText(year) +
+                   " ORDER BY PersonalTaxSteps.SortIndex;"};
+    const auto hasRows = rows.hasRowsIfTold();
+    if (!hasRows) return std::nullopt;
+    std::vector<Step> steps;
+    if (!*hasRows) return steps;
+    for (rows.moveFirst(); !rows.isAtEnd(); rows.moveNext()) {
+        auto step = readStep(rows);
+        if (!step) return std::nullopt;
+        steps.push_back(*std::move(step));
+    }
+    if (steps.empty() || static_cast<std::size_t>(rows.recordCount()) != steps.size()) return std::nullopt;
+    return steps;
+}
+
+std::vector<Step> defaultSteps() {
+    std::vector<Step> steps;
+    std::int32_t number = 0;
+    for (const TaxStep& step : kDefaultTaxSteps)
+        steps.push_back({std::string{step.name}, std::string{step.description}, std::string{step.columnName},
+                         std::string{kDefaultStepWidth}, toText(++number)});
+    return steps;
+}
+
+bool addStep(const Recordset& rows, std::int32_t year, const Step& step) {
+    if (!rows.addNew() || !rows.set("TaxYear", toText(year))) return false;
+    for (std::size_t i = 0; i < step.size(); ++i)
+        if (!rows.set(kStepFields[i], step[i])) return false;
+    return rows.set("OldSortIndex", step[kSortIndex]) && rows.save();
+}
+
+/// Adds the steps that an earlier attempt has not brought in yet. False when one is still wanting.
+bool addSteps(std::int32_t year, const std::vector<Step>& wanted, std::vector<Step> present) {
+    const Recordset rows{"SELECT PersonalTaxSteps.* FROM PersonalTaxSteps;", LockCode::updatable};
+    for (const Step& step : wanted) {
+        const auto known =
+            std::find_if(present.begin(), present.end(), [&](const Step& other) { return other[kStepName] == step[kStepName]; });
+        if (known != present.end())
+            present.erase(known);
+        else if (!addStep(rows, year, step))
+            return false;
     }
     return true;
+}
+
+bool addDefaultSteps(std::int32_t year, const std::vector<Step>& present) {
+    bool isComplete = false;
+    Routine routine{"Tallowbrook.exe-modDatabaseFunctions-createDefaultPersonalTaxSteps"};
+    routine.run([&] {
+        if (isDatabaseOpen()) isComplete = addSteps(year, defaultSteps(), present);
+    });
+    return isComplete;
+}
+
+/// Gives a year the steps of the year before, or the default ones. False when one is wanting or the steps cannot be told.
+bool completeSteps(std::int32_t year) {
+    const auto present = stepsOfYear(year);
+    const auto before = stepsOfYear(year - 1);
+    if (!present || !before) return false;
+    return before->empty() ? addDefaultSteps(year, *present) : addSteps(year, *before, *present);
 }
 
 std::int32_t yearBehind(std::string_view code) {
@@ -166,10 +238,11 @@ std::int32_t yearBehind(std::string_view code) {
     return year;
 }
 
-std::string specialCodeOf(std::int32_t categoryID) {
+template <class Use>
+void useSpecialCode(std::int32_t categoryID, Use use) {
     const Recordset categories{"SELECT Categories.CategoryID, Categories.CategorySpecialCode FROM Categories WHERE CategoryID=" +
                                toText(categoryID) + ";"};
-    return categories.hasRows() ? categories.text("CategorySpecialCode") : std::string{};
+    if (categories.hasRows()) use(categories.text("CategorySpecialCode"));
 }
 
 /// Climbs from a category to the root and stops where `isReached` says so. A tree whose parents run in a circle, which a
@@ -243,9 +316,12 @@ std::int32_t createNewDefaultMainCategory() {
     Routine routine{"Tallowbrook.exe-modDatabaseFunctions-createNewDefaultMainCategory"};
     routine.run([&] {
         if (!isDatabaseOpen()) return;
-        mainID = addFixedCategory(kMain, std::nullopt);
+        addMain(mainID);
         if (mainID == kNoRecord) return;
-        for (const FixedCategory& child : kChildrenOfMain) ensureChild(child, mainID);
+        for (const FixedCategory& child : kChildrenOfMain) {
+            std::int32_t childID = kNoRecord;
+            if (isMissing(queryByCode("Categories.CategoryID", child.code), childID)) addChild(child, mainID, childID);
+        }
     });
     return mainID;
 }
@@ -269,47 +345,31 @@ std::int32_t getPersonalTaxYearCategory(std::int32_t year) {
         if (!isDatabaseOpen()) return;
         const std::string yearText = toText(year);
         const std::string code = std::string{kTaxYearCode} + yearText;
-        const Found found = findCategory(
+        const std::string query =
             "SELECT Categories.CategorySpecialCode, Categories.CategoryName, Categories.CategoryNum, Categories.CategoryID, "
             "Categories.CategoryDescription FROM Categories WHERE CategorySpecialCode = '" +
-            code + "';");
-        id = found.id;
-        const std::int32_t parent = found.isMissing ? getPersonalTaxCategoryNum() : kNoRecord;
-        if (parent == kNoRecord) return;
-        id = addCategory({code, yearText,
-                          "This category contains all of the Personal Tax clients for the " + yearText + " tax year.", parent});
-        if (id == kNoRecord) return;
-        if (!copyStepsOfYearBefore(year)) createDefaultPersonalTaxSteps(year);
+            code + "';";
+        if (!isMissing(query, id)) return;
+        const std::int32_t parent = getPersonalTaxCategoryNum();
+        // The steps come first: a year that has its category is never looked at again.
+        if (parent == kNoRecord || !completeSteps(year)) return;
+        addCategory(
+            {code, yearText, "This category contains all of the Personal Tax clients for the " + yearText + " tax year.", parent},
+            id);
     });
     return id;
 }
 
 void createDefaultPersonalTaxSteps(std::int32_t year) {
-    Routine routine{"Tallowbrook.exe-modDatabaseFunctions-createDefaultPersonalTaxSteps"};
-    routine.run([&] {
-        if (!isDatabaseOpen()) return;
-        const Recordset steps{"SELECT PersonalTaxSteps.* FROM PersonalTaxSteps;", LockCode::updatable};
-        std::int32_t number = 0;
-        for (const TaxStep& step : kDefaultTaxSteps) {
-            const std::string sortIndex = toText(++number);
-            steps.addNew();
-            steps.set("TaxYear", toText(year));
-            steps.set("StepName", step.name);
-            steps.set("StepDescription", step.description);
-            steps.set("ColumnName", step.columnName);
-            steps.set("DefaultWidth", kDefaultStepWidth);
-            steps.set("SortIndex", sortIndex);
-            steps.set("OldSortIndex", sortIndex);
-            steps.save();
-        }
-    });
+    addDefaultSteps(year, {});
 }
 
 bool isCategoryPersonalTaxYearCategory(std::int32_t categoryID) {
     bool isTaxYear = false;
     Routine routine{"Tallowbrook.exe-modDatabaseFunctions-isCategoryPersonalTaxYearCategory"};
     routine.run([&] {
-        if (isDatabaseOpen()) isTaxYear = specialCodeOf(categoryID).find("TaxYear") != std::string::npos;
+        if (!isDatabaseOpen()) return;
+        useSpecialCode(categoryID, [&](const std::string& code) { isTaxYear = code.find("TaxYear") != std::string::npos; });
     });
     return isTaxYear;
 }
@@ -318,7 +378,7 @@ bool isCategoryMainCategory(std::int32_t categoryID) {
     bool isMain = false;
     Routine routine{"Tallowbrook.exe-modDatabaseFunctions-isCategoryMainCategory"};
     routine.run([&] {
-        if (isDatabaseOpen()) isMain = specialCodeOf(categoryID) == kMain.code;
+        if (isDatabaseOpen()) useSpecialCode(categoryID, [&](const std::string& code) { isMain = code == kMain.code; });
     });
     return isMain;
 }

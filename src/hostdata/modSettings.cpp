@@ -24,11 +24,9 @@ std::int32_t userSetting(std::string_view errorTag, std::string_view field, std:
                                   " FROM UserGeneralSettings WHERE UserIDNum=" + toText(userID) + ";";
         {
             const Recordset settings{query, LockCode::updatable};
-            if (settings.hasRowsIfTold() == false) {
-                settings.addNew();
-                settings.set("UserIDNum", toText(userID));
-                settings.save();
-            }
+            const bool isMissing = settings.hasRowsIfTold() == false;
+            // A row without its user would be nobody's, and another one would be added each time.
+            if (isMissing && settings.addNew() && settings.set("UserIDNum", toText(userID))) settings.save();
         }
         const Recordset settings{query};
         if (settings.hasRows()) setting = settings.number(field, 0);
