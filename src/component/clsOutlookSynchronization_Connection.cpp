@@ -9,7 +9,7 @@ namespace wmoutlook {
 namespace {
 
 /// An empty profile or password is a missing argument, not an empty text.
-std::optional<std::string_view> unlessEmpty(const std::string& text) {
+std::optional<std::string> unlessEmpty(const std::string& text) {
     if (text.empty()) return std::nullopt;
     return text;
 }
@@ -53,7 +53,10 @@ void clsOutlookSynchronization::reachOutlook() {
 void clsOutlookSynchronization::logOn() {
     OutlookSession& session = run_.outlook;
     session.nameSpace = session.application.getNamespace("MAPI");
-    session.nameSpace.logon(unlessEmpty(own_.profile), unlessEmpty(own_.password), own_.displayLoginDialog, own_.openNewSession);
+    session.nameSpace.logon([&] {
+        return outlook::LogonArguments{unlessEmpty(own_.profile), unlessEmpty(own_.password), own_.displayLoginDialog,
+                                       own_.openNewSession};
+    });
 }
 
 void clsOutlookSynchronization::raiseConnectionEvent() {

@@ -211,6 +211,22 @@ TEST_F(Connection, RefusedLogonGoesToTheHandler) {
     EXPECT_EQ(std::count(events.begin(), events.end(), "exit"), 2);  // each time, and the logon is tried again
 }
 
+TEST_F(Connection, ProfileThatTheHostCorrectsIsTriedNext) {
+    OutlookStoreOptions options;
+    options.acceptsLogon = false;
+    open(options);
+    component->profile("a profile that was renamed since");
+    host.errors->answer = [&](const ErrorReport&) {
+        if (calls.names.size() > 1) return ErrorAnswer::leaveRoutine;
+        component->profile("me");
+        component->password("secret");
+        component->displayLoginDialog(false);
+        return ErrorAnswer::tryAgain;
+    };
+    component->startOutlook();
+    EXPECT_EQ(calls.names, (Names{"logon a profile that was renamed since missing dialog new", "logon me secret new"}));
+}
+
 TEST_F(Connection, HostMayUnwindFromExitProgramWithItsOwnException) {
     struct HostEnds {};
     OutlookStoreOptions options;

@@ -114,9 +114,11 @@ std::string MAPIFolder::entryID() const {
     return call([&](auto& object) { return object.entryID(); });
 }
 
-void NameSpace::logon(std::optional<std::string_view> profile, std::optional<std::string_view> password, bool showDialog,
-                      bool newSession) const {
-    call([&](auto& object) { object.logon(profile, password, showDialog, newSession); });
+void NameSpace::logon(const std::function<LogonArguments()>& arguments) const {
+    call([&](auto& object) {
+        const LogonArguments with = arguments();
+        object.logon(with.profile, with.password, with.showDialog, with.newSession);
+    });
 }
 
 MAPIFolder NameSpace::getDefaultFolder(DefaultFolder folder) const {

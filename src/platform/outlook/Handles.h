@@ -4,6 +4,7 @@
 #include "platform/Routine.h"
 #include "platform/outlook/ObjectModel.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -115,11 +116,19 @@ public:
     [[nodiscard]] std::string entryID() const;
 };
 
+/// A profile or password that has no value is a missing argument.
+struct LogonArguments {
+    std::optional<std::string> profile;
+    std::optional<std::string> password;
+    bool showDialog = false;
+    bool newSession = false;
+};
+
 class NameSpace : public Handle<port::NameSpace> {
 public:
     using Handle::Handle;
-    void logon(std::optional<std::string_view> profile, std::optional<std::string_view> password, bool showDialog,
-               bool newSession) const;
+    /// Asks for the arguments at each attempt: a host that hears of a refusal may correct the profile and have it tried again.
+    void logon(const std::function<LogonArguments()>& arguments) const;
     [[nodiscard]] MAPIFolder getDefaultFolder(DefaultFolder folder) const;
     [[nodiscard]] MAPIFolder getFolderFromID(std::string_view entryID, std::string_view storeID) const;
     [[nodiscard]] Item getItemFromID(std::string_view entryID, std::string_view storeID) const;

@@ -62,7 +62,7 @@ TEST_F(Handles, UsingNothingIsAFailureNumbered91AndGivesNothing) {
         [] { EXPECT_TRUE(MAPIFolder{}.items().isNothing()); },
         [] { EXPECT_EQ(MAPIFolder{}.storeID(), ""); },
         [] { EXPECT_EQ(MAPIFolder{}.entryID(), ""); },
-        [] { NameSpace{}.logon(std::nullopt, std::nullopt, false, false); },
+        [] { NameSpace{}.logon([] { return LogonArguments{}; }); },
         [] { EXPECT_TRUE(NameSpace{}.getDefaultFolder(DefaultFolder::contacts).isNothing()); },
         [] { EXPECT_TRUE(NameSpace{}.getFolderFromID("entry", "store").isNothing()); },
         [] { EXPECT_TRUE(Application{}.getNamespace("MAPI").isNothing()); },
