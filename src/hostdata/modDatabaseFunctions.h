@@ -62,7 +62,8 @@ inline constexpr std::string_view kClientNoLongerExists = "<Client no longer exi
 enum class ClientActivity : std::int32_t { any = 0, active = 1, inactive = 2 };
 
 /// The query of business clients' whole records: one client's with a number of 0 or more. Otherwise all clients of that
-/// activity, `filtered` leaving out those that are not shown, in the order of the company name display option.
+/// activity, in the order of the company name display option. `filtered` leaves out those that are not shown, but only where
+/// an activity is asked for: ClientActivity::any lists them all.
 [[nodiscard]] std::string getMainBusinessSQLString(bool filtered, ClientActivity activity, std::int32_t clientDataID);
 
 // Names as the user wants them shown (modDatabaseFunctions_Names.cpp)
@@ -73,11 +74,15 @@ enum class ClientActivity : std::int32_t { any = 0, active = 1, inactive = 2 };
 [[nodiscard]] std::string getContactNameDisplayed(std::int32_t contactID, std::int32_t parentContactID, bool forceRelationship);
 [[nodiscard]] std::string getContactNameDisplayedByType(modSettings::ContactNameDisplay type, std::int32_t contactID,
                                                         std::int32_t parentContactID, bool forceRelationship);
+/// What a row of a tree's walk carries of a contact: the names alone, joined to a link, or the whole row of Contacts, as in the
+/// walk over all contacts, and with it the spouse.
+enum class ContactRow { namesOfLink, whole };
+
 // The text of a tree node, from the current row of an open recordset: names from its fields, and for a contact below another
-// one the relationship from the row's FamilyRelationship. No query of its own.
+// one the relationship from the row's FamilyRelationship. No query of its own. A row without the spouse's fields shows one name.
 
 [[nodiscard]] std::string getNodeContactNameDisplayed(const Recordset& contacts, std::int32_t parentContactID,
-                                                      bool forceRelationship);
+                                                      bool forceRelationship, ContactRow carries = ContactRow::namesOfLink);
 [[nodiscard]] std::string getNodeCompanyNameDisplayed(const Recordset& companies);
 
 // Categories (modDatabaseFunctions_Categories.cpp). The four with a fixed role are found by their code, never by name or
@@ -101,7 +106,8 @@ std::int32_t createNewDefaultBusinessCategory();
 std::int32_t createNewFirmCategory();
 std::int32_t createNewPersonalTaxCategory();
 
-/// The category of a tax year. A new one gets the steps of the year before, or the twelve default ones.
+/// The category of a tax year. A new one gets the steps of the year before, or the twelve default ones; it is -1 as long as
+/// one of them could not be added.
 [[nodiscard]] std::int32_t getPersonalTaxYearCategory(std::int32_t year);
 void createDefaultPersonalTaxSteps(std::int32_t year);
 

@@ -80,7 +80,6 @@ std::string trimmedText(const Recordset& row, std::string_view field) {
     return std::string{trimmed(row.text(field))};
 }
 
-/// The walks of the trees carry no names of spouses.
 Names readNamesOfOne(const Recordset& row) {
     return {
         trimmedText(row, "FirstName"), trimmedText(row, "LastName"), trimmedText(row, "DisplayName"), "", "", SpouseShown::none};
@@ -148,11 +147,13 @@ std::string getContactNameDisplayedByType(ContactNameDisplay type, std::int32_t 
     return name;
 }
 
-std::string getNodeContactNameDisplayed(const Recordset& contacts, std::int32_t parentContactID, bool forceRelationship) {
+std::string getNodeContactNameDisplayed(const Recordset& contacts, std::int32_t parentContactID, bool forceRelationship,
+                                        ContactRow carries) {
     std::string name;
     Routine routine{"Tallowbrook.exe-modDatabaseFunctions-getNodeContactNameDisplayed"};
     routine.run([&] {
-        name = nameText(readNamesOfOne(contacts), modSettings::nameDisplay().contactName);
+        const Names names = carries == ContactRow::whole ? readNames(contacts) : readNamesOfOne(contacts);
+        name = nameText(names, modSettings::nameDisplay().contactName);
         if (isRelationshipWanted(parentContactID, forceRelationship)) name += inBrackets(contacts);
     });
     return name;

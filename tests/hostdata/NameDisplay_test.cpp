@@ -100,7 +100,11 @@ TEST_F(NameDisplay, CompanyNodesFollowTheUsersChoice) {
 
 TEST_F(NameDisplay, ContactNodeReadsTheRowOfTheWalkAndNothingElse) {
     const auto parent = addContact(*host.database, {{"DisplayName", "Max"}});
-    const auto child = addContact(*host.database, {{"FirstName", "Ann"}, {"LastName", "Birch"}, {"SpouseFirstName", "Bob"}});
+    const auto child = addContact(*host.database, {{"FirstName", "Ann"},
+                                                   {"LastName", "Birch"},
+                                                   {"SpouseFirstName", "Bob"},
+                                                   {"SpouseLastName", "Alder"},
+                                                   {"ContactPersonalTaxDisplayType", "2"}});
     addRow(*host.database, "ContactLinks", "",
            {{"ContactNum", toText(parent)}, {"ContactIDNum", toText(child)}, {"FamilyRelationship", "Daughter"}});
     choose(3, 0, 0);
@@ -109,6 +113,8 @@ TEST_F(NameDisplay, ContactNodeReadsTheRowOfTheWalkAndNothingElse) {
         "INNER JOIN Contacts ON ContactLinks.ContactIDNum = Contacts.ContactID;"};
     EXPECT_EQ(getNodeContactNameDisplayed(links, kNoRecord, true), "Birch, Ann");
     EXPECT_EQ(getNodeContactNameDisplayed(links, parent, true), "Birch, Ann (Daughter)");
+    const Recordset whole{"SELECT Contacts.* FROM Contacts ORDER BY Contacts.FirstName DESC;"};
+    EXPECT_EQ(getNodeContactNameDisplayed(whole, kNoRecord, false, ContactRow::whole), "Birch, Ann & Alder, Bob");
     EXPECT_TRUE(host.errors->reports.empty());
 }
 
