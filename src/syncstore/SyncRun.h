@@ -71,7 +71,7 @@ struct SyncRun {
     Event<ScheduleEntryRequest&> createNewScheduleEntryFromTask;  ///< an Outlook task is to become a schedule entry
 };
 
-// Each of the following is a statement of the current routine, which holds the dialog; on a dialog that is nothing it fails.
+// Each of the following is a statement of the current routine, and holds the dialog while it runs; without a dialog it fails.
 
 void showProgressMessage(std::shared_ptr<ProgressDialog> dialog, std::string_view message);
 void showProgressCaption(std::shared_ptr<ProgressDialog> dialog, std::string_view caption);
