@@ -3,6 +3,7 @@
 #include "adapters/outlookstore/ItemStorage.h"
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,6 +33,19 @@ struct FilterNode {
     double number = 0;  ///< of any other: the number, 0 or 1, or whole minutes since day 0
 };
 
+/// Whole seconds since day 0 between which a date lies, both included.
+struct SecondsRange {
+    std::int64_t low = std::numeric_limits<std::int64_t>::min();
+    std::int64_t high = std::numeric_limits<std::int64_t>::max();
+
+    [[nodiscard]] bool isOpen() const { return *this == SecondsRange{}; }
+    void narrow(const SecondsRange& other);
+    friend bool operator==(const SecondsRange&, const SecondsRange&) = default;
+};
+
+/// The property of this name in any type of item.
+[[nodiscard]] std::optional<FilterProperty> findProperty(std::string_view name);
+
 class Filter {
 public:
     /// Throws OutlookError that says what is wrong and at which character, without quoting the filter: it holds names.
@@ -40,6 +54,8 @@ public:
     [[nodiscard]] bool matches(const ItemHead& head, std::string_view bytes) const;
     /// An equality with an indexed property that every match fulfils.
     [[nodiscard]] std::optional<KeySearch> keySearch() const;
+    /// What every match fulfils of a date of this name.
+    [[nodiscard]] SecondsRange rangeOf(std::string_view dateProperty) const;
     [[nodiscard]] const std::vector<FilterProperty>& properties() const { return properties_; }
 
 private:
@@ -49,6 +65,15 @@ private:
     std::vector<FilterProperty> properties_;
     FilterNode root_;
 };
+
+/// What one row holds of a property.
+struct PropertyValue {
+    bool isThere = false;  ///< the type of item has the property
+    std::string_view text;
+    double number = 0;  ///< of any other than a text: the number, 0 or 1, or whole minutes since day 0
+};
+/// Throws OutlookError for an item that cannot be read.
+[[nodiscard]] PropertyValue valueOf(const FilterProperty& property, const ItemHead& head, std::string_view bytes);
 
 /// A date in whole minutes since day 0: filters compare dates without their seconds.
 [[nodiscard]] double minutesOf(Date date);

@@ -14,9 +14,6 @@ namespace {
 
 constexpr int kDeepest = 100;
 
-constexpr std::array kTypes{outlook::ItemType::contact, outlook::ItemType::appointment, outlook::ItemType::task,
-                            outlook::ItemType::mail};
-
 struct OperatorRow {
     std::string_view text;
     FilterOperator op;
@@ -46,16 +43,6 @@ bool isWordCharacter(char c) {
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
-}
-
-/// The property of this name in any type of item.
-std::optional<FilterProperty> findProperty(std::string_view name) {
-    for (const outlook::ItemType type : kTypes) {
-        const PropertyTable& table = PropertyTable::of(type);
-        if (const auto index = table.find(name))
-            return FilterProperty{table.rows()[*index].name, table.rows()[*index].code, table.rows()[*index].kind};
-    }
-    return std::nullopt;
 }
 
 }  // namespace

@@ -213,4 +213,25 @@ ItemData decodeItem(outlook::ItemType type, std::string_view bytes) {
     return item;
 }
 
+void encodeChanges(const PropertyTable& table, const std::vector<ChangedProperty>& changes, std::string& bytes) {
+    bytes.assign(1, kFormat);
+    for (const ChangedProperty& change : changes) {
+        appendNumber(bytes, table.rows()[table.find(change.name).value()].code);
+        appendValue(bytes, change.value);
+    }
+}
+
+std::vector<ChangedProperty> decodeChanges(const PropertyTable& table, std::string_view bytes) {
+    std::vector<ChangedProperty> changes;
+    ItemBlobReader reader{bytes};
+    StoredEntry entry;
+    while (reader.next(entry)) {
+        const auto index = table.findCode(entry.code);
+        const bool isDefault = entry.kind == StoredKind::null;
+        if (!index || !(isDefault || holds(table.rows()[*index].kind, entry.kind))) failAsMalformed();
+        changes.push_back({std::string{table.rows()[*index].name}, entry.value()});
+    }
+    return changes;
+}
+
 }  // namespace wmoutlook::outlookstore

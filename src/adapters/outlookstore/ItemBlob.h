@@ -1,10 +1,12 @@
 #pragma once
 
 #include "adapters/outlookstore/ItemData.h"
+#include "adapters/outlookstore/Recurrence.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// The form in which an item lies in its row: one byte for the format, then one entry per property that differs from its
 /// default (code, kind, value; numbers as variable-length integers), then the user properties under code 0. What cannot have been
@@ -47,6 +49,10 @@ private:
 /// Writes over `bytes`, whose memory is used again.
 void encodeItem(const ItemData& item, std::string& bytes);
 [[nodiscard]] ItemData decodeItem(outlook::ItemType type, std::string_view bytes);
+
+/// What an exception has other than its series, in the same form; kind 0 stands for the default. The names are those of the table.
+void encodeChanges(const PropertyTable& table, const std::vector<ChangedProperty>& changes, std::string& bytes);
+[[nodiscard]] std::vector<ChangedProperty> decodeChanges(const PropertyTable& table, std::string_view bytes);
 
 /// Whether an entry of this kind can be the value of such a property.
 [[nodiscard]] bool holds(PropertyKind property, StoredKind stored);

@@ -44,6 +44,39 @@ void measureDuration(ItemData& item, [[maybe_unused]] Date now) {
     set(item, "Duration", Variant{minutes}.toInteger());
 }
 
+bool isAllDay(const ItemData& item) {
+    return valueOf(item, "AllDayEvent").toBoolean();
+}
+
+/// An all-day event starts at midnight and ends at the midnight behind its last day, of which it has one at least.
+void fillDays(ItemData& item, Date now) {
+    if (!isAllDay(item) || !isSet(item, "Start")) return;
+    const Date start = dayOf(valueOf(item, "Start").toDate());
+    const Date end = isSet(item, "End") ? valueOf(item, "End").toDate() : start;
+    Date midnight = dayOf(end);
+    if (!isEarlier(midnight, makeDay(9999, 12, 31))) return;
+    if (midnight != end || !isEarlier(start, midnight)) midnight = addDays(isEarlier(midnight, start) ? start : midnight, 1);
+    set(item, "Start", start);
+    set(item, "End", midnight);
+    measureDuration(item, now);
+}
+
+void followStart(ItemData& item, Date now) {
+    if (isAllDay(item) && isSet(item, "Start")) set(item, "Start", dayOf(valueOf(item, "Start").toDate()));
+    moveEnd(item, now);
+    fillDays(item, now);
+}
+
+void followEnd(ItemData& item, Date now) {
+    measureDuration(item, now);
+    fillDays(item, now);
+}
+
+void followDuration(ItemData& item, Date now) {
+    moveEnd(item, now);
+    fillDays(item, now);
+}
+
 void complete(ItemData& item, Date now) {
     set(item, "Complete", true);
     set(item, "PercentComplete", 100);
@@ -82,9 +115,10 @@ struct Rule {
 };
 
 constexpr std::array kRules{
-    Rule{ItemType::appointment, "Start", moveEnd},
-    Rule{ItemType::appointment, "End", measureDuration},
-    Rule{ItemType::appointment, "Duration", moveEnd},
+    Rule{ItemType::appointment, "Start", followStart},
+    Rule{ItemType::appointment, "End", followEnd},
+    Rule{ItemType::appointment, "Duration", followDuration},
+    Rule{ItemType::appointment, "AllDayEvent", fillDays},
     Rule{ItemType::task, "Complete", followFlag},
     Rule{ItemType::task, "PercentComplete", followPercentage},
     Rule{ItemType::task, "Status", followStatus},

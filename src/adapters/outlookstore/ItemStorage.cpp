@@ -22,6 +22,16 @@ Statement searchByKey(Connection& connection, std::size_t property) {
     return {connection, select("FolderNumber = ?1 AND " + column + " = ?3 AND ").append(kBehind), "looking for an item"};
 }
 
+constexpr std::array<std::string_view, kSortedProperties.size()> kDateColumns{"StartKey", "DueDateKey"};
+
+Statement dateStep(Connection& connection, std::size_t date, std::string_view before, std::string_view after) {
+    const std::string column{kDateColumns[date]};
+    std::string sql{before};
+    sql.append(" FROM Items WHERE FolderNumber = ?1 AND ").append(column).append(after);
+    for (std::size_t at = 0; (at = sql.find('@', at)) != std::string::npos;) sql.replace(at, 1, column);
+    return {connection, sql, "reading the items of a folder in order"};
+}
+
 ItemHead headOf(const Statement::Run& run) {
     ItemHead head{run.integer(0), run.integer(1),      outlook::ItemType::mail,
                   run.integer(3), Date{run.number(4)}, Date{run.number(5)}};
@@ -89,7 +99,16 @@ ItemStorage::ItemStorage(Connection& connection)
           "reading an item"),
       walk_(connection, select("FolderNumber = ?1 AND ").append(kBehind), "reading the items of a folder"),
       count_(connection, "SELECT count(*) FROM Items WHERE FolderNumber = ?1", "counting the items of a folder"),
-      byKey_{searchByKey(connection, 0), searchByKey(connection, 1), searchByKey(connection, 2), searchByKey(connection, 3)} {}
+      byKey_{searchByKey(connection, 0), searchByKey(connection, 1), searchByKey(connection, 2), searchByKey(connection, 3)},
+      byDate_{dateSteps(connection, 0), dateSteps(connection, 1)} {}
+
+ItemStorage::DateSteps ItemStorage::dateSteps(Connection& connection, std::size_t date) {
+    return {dateStep(connection, date, "SELECT @, ItemNumber",
+                     " IS NOT NULL AND (@, ItemNumber) > (?2, ?3) ORDER BY @, ItemNumber LIMIT 1"),
+            dateStep(connection, date, "SELECT @, ItemNumber", " = ?2 AND ItemNumber > ?3 ORDER BY ItemNumber LIMIT 1"),
+            dateStep(connection, date, "SELECT @", " < ?2 ORDER BY @ DESC LIMIT 1"),
+            dateStep(connection, date, "SELECT ItemNumber", " IS NULL AND ItemNumber > ?2 ORDER BY ItemNumber LIMIT 1")};
+}
 
 bool ItemStorage::save(ItemHead& head, const ItemData& data, Date now, bool keysChanged) {
     encodeItem(data, bytes_);
@@ -157,6 +176,37 @@ std::optional<LoadedItem> ItemStorage::next(std::int64_t folder, std::int64_t& p
         if (!test || test(headOf(run), run.bytes(kBlobColumn))) return loaded(run);
     }
     return std::nullopt;
+}
+
+std::optional<LoadedItem> ItemStorage::loadIf(std::int64_t number, std::int64_t folder, const RowTest& test) {
+    auto run = byNumber_.run();
+    if (!run.bind(1, number).next()) return std::nullopt;
+    const ItemHead head = headOf(run);
+    if (head.folder != folder || (test && !test(head, run.bytes(kBlobColumn)))) return std::nullopt;
+    return loaded(run);
+}
+
+std::optional<ItemPlace> ItemStorage::nextByDate(std::size_t date, std::int64_t folder, ItemPlace place, bool descending) {
+    DateSteps& steps = byDate_[date];
+    const auto step = [&](Statement& statement, ItemPlace from) -> std::optional<ItemPlace> {
+        auto run = statement.run();
+        if (!run.bind(1, folder).bind(2, from.key).bind(3, from.number).next()) return std::nullopt;
+        return ItemPlace{run.integer(0), run.integer(1)};
+    };
+    if (!descending) return step(steps.after, place);
+    if (const auto tied = step(steps.tied, place)) return tied;
+    std::optional<std::int64_t> key;
+    {
+        auto run = steps.below.run();
+        if (run.bind(1, folder).bind(2, place.key).next()) key = run.integer(0);
+    }
+    return key ? step(steps.tied, {*key, 0}) : std::nullopt;
+}
+
+std::optional<std::int64_t> ItemStorage::nextWithoutKey(std::size_t date, std::int64_t folder, std::int64_t behind) {
+    auto run = byDate_[date].without.run();
+    if (!run.bind(1, folder).bind(2, behind).next()) return std::nullopt;
+    return run.integer(0);
 }
 
 std::int64_t ItemStorage::count(std::int64_t folder) {

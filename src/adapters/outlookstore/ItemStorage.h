@@ -5,6 +5,7 @@
 #include "platform/Date.h"
 
 #include <array>
+#include <compare>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -31,6 +32,13 @@ struct LoadedItem {
     ItemData data;
 };
 
+/// A moment as whole seconds since day 0, and the number of the item that stands there: the order of a calendar.
+struct ItemPlace {
+    std::int64_t key = 0;
+    std::int64_t number = 0;
+    friend auto operator<=>(const ItemPlace&, const ItemPlace&) = default;
+};
+
 /// A search that an index answers: the position in kIndexedProperties and the text in lower case, not empty.
 struct KeySearch {
     std::size_t property = 0;
@@ -53,7 +61,14 @@ public:
     /// that a walk goes on behind an item that cannot be read. One row is in memory at a time.
     [[nodiscard]] std::optional<LoadedItem> next(std::int64_t folder, std::int64_t& position, const KeySearch* search,
                                                  const RowTest& test);
+    /// Nothing also for an item of another folder and for one that does not pass the test.
+    [[nodiscard]] std::optional<LoadedItem> loadIf(std::int64_t number, std::int64_t folder, const RowTest& test);
     [[nodiscard]] std::int64_t count(std::int64_t folder);
+
+    // Steps of a walk by a date of kSortedProperties, answered by its index alone.
+    [[nodiscard]] std::optional<ItemPlace> nextByDate(std::size_t date, std::int64_t folder, ItemPlace place, bool descending);
+    /// The items whose type does not have the date.
+    [[nodiscard]] std::optional<std::int64_t> nextWithoutKey(std::size_t date, std::int64_t folder, std::int64_t behind);
 
 private:
     void insert(ItemHead& head, const ItemData& data);
@@ -63,6 +78,11 @@ private:
     Connection& connection_;
     Statement insert_, updateWithoutKeys_, update_, noteDeletion_, delete_, byNumber_, walk_, count_;
     std::array<Statement, kIndexedProperties.size()> byKey_;
+    struct DateSteps {
+        Statement after, tied, below, without;
+    };
+    [[nodiscard]] static DateSteps dateSteps(Connection& connection, std::size_t date);
+    std::array<DateSteps, kSortedProperties.size()> byDate_;
     std::string bytes_;  ///< used again from save to save
     std::array<std::string, kIndexedProperties.size()> keys_;
 };

@@ -157,7 +157,7 @@ void checkAndMigrate(Connection& connection, const std::string& path) {
 void setDurability(Connection& connection, Durability durability) {
     // A saved item takes about ten pages of the log: with 4,000 of them the log is synced once in some 400 items.
     connection.execute(std::string{"PRAGMA synchronous = "} + (durability == Durability::full ? "FULL" : "NORMAL") +
-                           "; PRAGMA wal_autocheckpoint = 4000; PRAGMA cache_size = -16000; PRAGMA cell_size_check = ON;",
+                           "; PRAGMA wal_autocheckpoint = 4000; PRAGMA cache_size = -32000; PRAGMA cell_size_check = ON;",
                        "opening it");
 }
 

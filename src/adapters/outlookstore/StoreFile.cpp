@@ -26,13 +26,14 @@ StoreFile::StoreFile(const std::string& path, const OutlookStoreOptions& options
       dryRun_(options.dryRun),
       connection_(openStoreFile(path, options.durability, options.busyTimeoutMilliseconds)),
       folders_(std::make_unique<FolderStorage>(*connection_)),
-      items_(std::make_unique<ItemStorage>(*connection_)) {
-    folders_->requireDefaultFolders();
+      items_(std::make_unique<ItemStorage>(*connection_)),
+      series_(std::make_unique<SeriesStorage>(*connection_)) {
     // Who cannot write hears it here and not at the first record.
     connection_->execute(dryRun_ ? "BEGIN IMMEDIATE" : "BEGIN IMMEDIATE; ROLLBACK", "opening it for writing");
 }
 
 StoreFile::~StoreFile() {
+    series_.reset();
     items_.reset();
     folders_.reset();
     if (!dryRun_) return;

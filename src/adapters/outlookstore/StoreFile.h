@@ -3,6 +3,7 @@
 #include "adapters/outlookstore/FolderStorage.h"
 #include "adapters/outlookstore/ItemStorage.h"
 #include "adapters/outlookstore/OutlookStore.h"
+#include "adapters/outlookstore/SeriesStorage.h"
 #include "adapters/outlookstore/Sqlite.h"
 
 #include <memory>
@@ -21,6 +22,7 @@ public:
 
     [[nodiscard]] FolderStorage& folders() { return *folders_; }
     [[nodiscard]] ItemStorage& items() { return *items_; }
+    [[nodiscard]] SeriesStorage& series() { return *series_; }
     [[nodiscard]] Date now();
     [[nodiscard]] Connection& connection() { return *connection_; }
 
@@ -30,6 +32,7 @@ private:
     std::unique_ptr<Connection> connection_;
     std::unique_ptr<FolderStorage> folders_;
     std::unique_ptr<ItemStorage> items_;
+    std::unique_ptr<SeriesStorage> series_;
 };
 
 /// A running Outlook, shared by all objects that were reached through it.

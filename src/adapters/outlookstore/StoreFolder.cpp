@@ -4,7 +4,7 @@
 #include "adapters/outlookstore/StoreItem.h"
 #include "platform/Errors.h"
 
-#include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace wmoutlook::outlookstore {
@@ -37,12 +37,6 @@ private:
     std::optional<FolderRow> parent_;
 };
 
-std::optional<KeySearch> keySearchOf(const std::vector<Filter>& filters) {
-    for (const Filter& filter : filters)
-        if (auto search = filter.keySearch()) return search;
-    return std::nullopt;
-}
-
 }  // namespace
 
 const FolderRow& StoreFolder::row() const {
@@ -59,7 +53,7 @@ std::string StoreFolder::storeID() const {
 }
 
 std::shared_ptr<outlook::port::Items> StoreFolder::items() {
-    return std::make_shared<StoreItems>(instance_, row(), std::vector<Filter>{});
+    return std::make_shared<StoreItems>(instance_, row(), ViewTerms{row().number, {}, std::nullopt, false});
 }
 
 std::shared_ptr<outlook::port::Folders> StoreFolder::folders() {
@@ -75,53 +69,59 @@ std::shared_ptr<outlook::port::Item> StoreItems::add(std::optional<outlook::Item
     return std::make_shared<StoreItem>(instance_, folder_.store, folder_.number, type.value_or(folder_.itemType));
 }
 
-std::shared_ptr<outlook::port::Item> StoreItems::next(std::int64_t& position, const std::vector<Filter>& filters) {
-    const auto search = keySearchOf(filters);
-    RowTest test;
-    if (!filters.empty())
-        test = [&](const ItemHead& head, std::string_view bytes) {
-            return std::all_of(filters.begin(), filters.end(), [&](const Filter& filter) { return filter.matches(head, bytes); });
-        };
-    auto loaded = instance_->session().items().next(folder_.number, position, search ? &*search : nullptr, test);
-    if (!loaded) return nullptr;
-    return std::make_shared<StoreItem>(instance_, folder_.store, std::move(*loaded));
+std::shared_ptr<outlook::port::Item> StoreItems::itemOf(std::optional<WalkedItem> walked) const {
+    if (!walked) return nullptr;
+    return std::make_shared<StoreItem>(instance_, folder_.store, std::move(walked->item), walked->occurrenceDay);
+}
+
+ViewTerms StoreItems::restrictedBy(std::string_view filter) const {
+    ViewTerms terms = terms_;
+    terms.restrictions.push_back({Filter::parse(filter), terms.isExpanded()});
+    return terms;
 }
 
 std::shared_ptr<outlook::port::Item> StoreItems::find(std::string_view filter) {
-    std::vector<Filter> filters = filters_;
-    filters.push_back(Filter::parse(filter));
-    std::int64_t fromStart = 0;
-    return next(fromStart, filters);
+    const ViewTerms terms = restrictedBy(filter);
+    return itemOf(makeWalk(instance_->session(), terms)->next());
 }
 
 std::shared_ptr<outlook::port::Items> StoreItems::restrict(std::string_view filter) {
-    std::vector<Filter> filters = filters_;
-    filters.push_back(Filter::parse(filter));
-    return std::make_shared<StoreItems>(instance_, folder_, std::move(filters));
+    return std::make_shared<StoreItems>(instance_, folder_, restrictedBy(filter));
 }
 
-void StoreItems::sort(std::string_view, bool) {
-    throw OutlookError{-1, "The Outlook store cannot sort yet"};
+void StoreItems::sort(std::string_view property, bool descending) {
+    static_cast<void>(instance_->session());
+    terms_.order = sortOrder(property, descending);
+    walk_.reset();
 }
 
-void StoreItems::setIncludeRecurrences(bool) {
-    throw OutlookError{-1, "The Outlook store cannot expand series yet"};
+void StoreItems::setIncludeRecurrences(bool include) {
+    static_cast<void>(instance_->session());
+    terms_.includesRecurrences = include;
+    walk_.reset();
 }
 
 std::int32_t StoreItems::count() {
-    if (filters_.empty()) return static_cast<std::int32_t>(instance_->session().items().count(folder_.number));
+    StoreFile& file = instance_->session();
+    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+    const bool isUnbounded = terms_.isExpanded() && terms_.rangeOf("Start", true).high == SecondsRange{}.high;
+    if (isUnbounded && file.series().hasEndless(folder_.number)) return kMost;
+    if (!terms_.isExpanded() && terms_.restrictions.empty()) return static_cast<std::int32_t>(file.items().count(folder_.number));
+    const auto walk = makeWalk(file, terms_);
     std::int32_t count = 0;
-    for (std::int64_t position = 0; next(position, filters_) != nullptr;) ++count;
+    while (count < kMost && walk->next()) ++count;
     return count;
 }
 
 std::shared_ptr<outlook::port::Item> StoreItems::getFirst() {
-    position_ = 0;
+    walk_.reset();
     return getNext();
 }
 
 std::shared_ptr<outlook::port::Item> StoreItems::getNext() {
-    return next(position_, filters_);
+    StoreFile& file = instance_->session();
+    if (!walk_) walk_ = makeWalk(file, terms_);
+    return itemOf(walk_->next());
 }
 
 }  // namespace wmoutlook::outlookstore

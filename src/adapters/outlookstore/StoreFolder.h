@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/outlookstore/Filter.h"
+#include "adapters/outlookstore/ItemWalk.h"
 #include "adapters/outlookstore/StoreFile.h"
 #include "platform/outlook/ObjectModel.h"
 
@@ -29,12 +29,12 @@ private:
     FolderRow row_;
 };
 
-/// A view of a folder's items in order of creation. It keeps its place and nothing else, so that a walk costs the same
+/// A view of a folder. But for an order that no index gives it keeps its place and nothing else, so that a walk costs the same
 /// memory in a folder of any size and sees items that are added behind its place.
 class StoreItems : public outlook::port::Items {
 public:
-    StoreItems(std::shared_ptr<Instance> instance, FolderRow folder, std::vector<Filter> filters)
-        : instance_(std::move(instance)), folder_(std::move(folder)), filters_(std::move(filters)) {}
+    StoreItems(std::shared_ptr<Instance> instance, FolderRow folder, ViewTerms terms)
+        : instance_(std::move(instance)), folder_(std::move(folder)), terms_(std::move(terms)) {}
 
     [[nodiscard]] std::shared_ptr<outlook::port::Item> add(std::optional<outlook::ItemType> type) override;
     [[nodiscard]] std::shared_ptr<outlook::port::Item> find(std::string_view filter) override;
@@ -46,12 +46,13 @@ public:
     [[nodiscard]] std::shared_ptr<outlook::port::Item> getNext() override;
 
 private:
-    [[nodiscard]] std::shared_ptr<outlook::port::Item> next(std::int64_t& position, const std::vector<Filter>& filters);
+    [[nodiscard]] ViewTerms restrictedBy(std::string_view filter) const;
+    [[nodiscard]] std::shared_ptr<outlook::port::Item> itemOf(std::optional<WalkedItem> walked) const;
 
     std::shared_ptr<Instance> instance_;
     FolderRow folder_;
-    std::vector<Filter> filters_;  ///< all of them hold
-    std::int64_t position_ = 0;    ///< the number of the item that was given last
+    ViewTerms terms_;
+    std::unique_ptr<ItemWalk> walk_;  ///< from the first item that was asked for on
 };
 
 /// The folders below `parent`; of the namespace, the roots of the stores.

@@ -2,6 +2,7 @@
 
 #include "adapters/outlookstore/Identifiers.h"
 #include "adapters/outlookstore/ItemRules.h"
+#include "adapters/outlookstore/SeriesItem.h"
 #include "platform/Errors.h"
 #include "platform/Text.h"
 
@@ -90,11 +91,13 @@ StoreItem::StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const S
     head_.type = type;
 }
 
-StoreItem::StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const StoreRow> store, LoadedItem loaded)
+StoreItem::StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const StoreRow> store, LoadedItem loaded,
+                     std::optional<DayNumber> occurrenceDay)
     : instance_(std::move(instance)),
       store_(std::move(store)),
       head_(loaded.head),
-      data_(std::make_shared<ItemData>(std::move(loaded.data))) {}
+      data_(std::make_shared<ItemData>(std::move(loaded.data))),
+      occurrenceDay_(occurrenceDay) {}
 
 std::string StoreItem::entryID() const {
     return head_.number == 0 ? std::string{} : entryIDOf(store_->key, EntryKind::item, head_.number);
@@ -132,16 +135,49 @@ void StoreItem::put(std::string_view property, const Variant& value) {
         followUp(*data_, row.name, instance_->file().now());
 }
 
+void StoreItem::setRecurrence(Recurrence recurrence) {
+    if (occurrenceDay_) throw OutlookError{-1, "An occurrence of a series cannot recur itself"};
+    static_cast<void>(soundPattern(recurrence, *data_));
+    static_cast<void>(soundExceptions(recurrence, *data_));
+    newRecurrence_ = std::move(recurrence);
+}
+
+std::optional<Recurrence> StoreItem::recurrence() const {
+    if (newRecurrence_) return newRecurrence_;
+    if (occurrenceDay_ || head_.number == 0 || !isSeries(*data_)) return std::nullopt;
+    SeriesStorage& series = instance_->file().series();
+    auto recurrence = series.pattern(head_.number);
+    if (recurrence) recurrence->exceptions = series.exceptions(head_.number);
+    return recurrence;
+}
+
+bool StoreItem::saveIn(StoreFile& file) {
+    if (occurrenceDay_) return saveOccurrence(file, head_, *data_, *occurrenceDay_);
+    if (!newRecurrence_ && !isSeries(*data_)) return file.items().save(head_, *data_, file.now(), keysChanged_);
+    return saveSeries(file, head_, *data_, newRecurrence_ ? &*newRecurrence_ : nullptr);
+}
+
 void StoreItem::save() {
     StoreFile& file = instance_->file();
-    if (isDeleted_ || !file.items().save(head_, *data_, file.now(), keysChanged_)) failAsGone();
+    if (isDeleted_ || !saveIn(file)) failAsGone();
     keysChanged_ = false;
+    newRecurrence_.reset();
+}
+
+bool StoreItem::removeFrom(StoreFile& file) {
+    if (occurrenceDay_) return removeOccurrence(file, head_, *occurrenceDay_);
+    if (head_.number == 0) return true;
+    if (!isSeries(*data_)) return file.items().remove(head_.number);
+    Savepoint whole{file.connection(), "deleting a series"};
+    file.series().remove(head_.number);
+    if (!file.items().remove(head_.number)) return false;
+    whole.release();
+    return true;
 }
 
 void StoreItem::remove() {
     StoreFile& file = instance_->file();
-    if (isDeleted_) failAsGone();
-    if (head_.number != 0 && !file.items().remove(head_.number)) failAsGone();
+    if (isDeleted_ || !removeFrom(file)) failAsGone();
     isDeleted_ = true;
 }
 

@@ -101,7 +101,8 @@ ListedItem listed(const StoreItem& item, std::string folder) {
                       item.head().type,
                       classOf(item.head().type),
                       propertiesOf(item),
-                      {}};
+                      {},
+                      item.recurrence()};
     for (const UserPropertyData& property : item.data().userProperties())
         result.userProperties.push_back({property.name, property.type, property.value});
     return result;
@@ -112,6 +113,27 @@ void visitItems(const std::shared_ptr<Instance>& instance, const FolderRow& fold
     ItemStorage& items = instance->file().items();
     for (std::int64_t position = 0; auto loaded = items.next(folder.number, position, nullptr, {});)
         visit(listed(StoreItem{instance, folder.store, std::move(*loaded)}, path));
+}
+
+/// `Item` is an item of the object model, const or not.
+template <typename Item>
+auto& ownItem(Item& item) {
+    using Own = std::conditional_t<std::is_const_v<Item>, const StoreItem, StoreItem>;
+    if (auto* const own = dynamic_cast<Own*>(&item)) return *own;
+    throw OutlookError{-1, "This is no item of an embedded Outlook store"};
+}
+
+/// The folder that the path names, or all folders, each with the path under which it is listed.
+void visitFolders(Automation& store, std::optional<std::string_view> path,
+                  const std::function<void(const FolderRow&, const std::string&)>& visit) {
+    FolderStorage& folders = storeOf(store).inspection()->file().folders();
+    if (path) {
+        const FolderRow folder = follow(folders, routeOf(folders, *path), *path);
+        visit(folder, pathOf(folders, folder));
+        return;
+    }
+    for (const ListedFolder& folder : listFolders(store))
+        if (const auto row = folders.find(readEntryID(folder.entryID)->number)) visit(*row, folder.path);
 }
 
 }  // namespace
@@ -143,22 +165,32 @@ std::shared_ptr<outlook::port::MAPIFolder> addFolder(Automation& store, std::str
 void forEachItem(Automation& store, std::optional<std::string_view> folderPath,
                  const std::function<void(const ListedItem&)>& visit) {
     const auto& instance = storeOf(store).inspection();
-    FolderStorage& folders = instance->file().folders();
-    if (folderPath) {
-        const FolderRow folder = follow(folders, routeOf(folders, *folderPath), *folderPath);
-        visitItems(instance, folder, pathOf(folders, folder), visit);
-        return;
-    }
-    for (const ListedFolder& folder : listFolders(store))
-        if (const auto row = folders.find(readEntryID(folder.entryID)->number)) visitItems(instance, *row, folder.path, visit);
+    visitFolders(store, folderPath,
+                 [&](const FolderRow& folder, const std::string& path) { visitItems(instance, folder, path, visit); });
+}
+
+void forEachOccurrence(Automation& store, std::optional<std::string_view> folderPath, Date first, Date last,
+                       const std::function<void(const ListedItem&)>& visit) {
+    const auto& instance = storeOf(store).inspection();
+    const std::string filter =
+        "[Start] >= '" + toIsoText(dayOf(first)) + "' and [Start] <= '" + toIsoText(dayOf(last)) + " 11:59 pm' and [Class] = 26";
+    visitFolders(store, folderPath, [&](const FolderRow& folder, const std::string& path) {
+        ViewTerms terms{folder.number, {{Filter::parse(filter), true}}, sortOrder("Start", false), true};
+        const auto walk = makeWalk(instance->file(), terms);
+        while (auto walked = walk->next())
+            visit(listed(StoreItem{instance, folder.store, std::move(walked->item), walked->occurrenceDay}, path));
+    });
+}
+
+void setRecurrence(outlook::port::Item& item, const Recurrence& recurrence) {
+    ownItem(item).setRecurrence(recurrence);
 }
 
 ListedItem describe(const outlook::port::Item& item) {
-    const auto* const own = dynamic_cast<const StoreItem*>(&item);
-    if (own == nullptr) throw OutlookError{-1, "This is no item of an embedded Outlook store"};
-    FolderStorage& folders = own->instance()->file().folders();
-    const auto folder = folders.find(own->head().folder);
-    return listed(*own, folder ? pathOf(folders, *folder) : std::string{});
+    const StoreItem& own = ownItem(item);
+    FolderStorage& folders = own.instance()->file().folders();
+    const auto folder = folders.find(own.head().folder);
+    return listed(own, folder ? pathOf(folders, *folder) : std::string{});
 }
 
 std::shared_ptr<outlook::port::Item> findItem(Automation& store, std::string_view entryID) {

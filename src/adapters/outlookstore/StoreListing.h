@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/outlookstore/PropertyTable.h"
+#include "adapters/outlookstore/Recurrence.h"
 #include "platform/Variant.h"
 #include "platform/outlook/ObjectModel.h"
 
@@ -38,6 +39,7 @@ struct ListedItem {
     outlook::ItemClass itemClass = outlook::ItemClass::mail;
     std::vector<ListedProperty> properties;  ///< those that differ from the default, without EntryID and Class, in table order
     std::vector<ListedUserProperty> userProperties;
+    std::optional<Recurrence> recurrence;  ///< of a series, not of its occurrences
 };
 
 struct ListedFolder {
@@ -66,6 +68,15 @@ std::shared_ptr<outlook::port::MAPIFolder> addFolder(outlook::port::Automation& 
 /// order, one item in memory at a time. The visitor may delete the item that it is shown.
 void forEachItem(outlook::port::Automation& store, std::optional<std::string_view> folderPath,
                  const std::function<void(const ListedItem&)>& visit);
+
+/// The appointments of one folder, or of all, that start on the days from `first` to `last`, in order of start within a folder, each
+/// occurrence of a series for itself.
+void forEachOccurrence(outlook::port::Automation& store, std::optional<std::string_view> folderPath, Date first, Date last,
+                       const std::function<void(const ListedItem&)>& visit);
+
+/// Makes an appointment or a task of an embedded store a series; takes effect with the next save, which moves its start to the
+/// first day of the pattern. The item has its start by then. A recurrence that cannot be is one sentence, and changes nothing.
+void setRecurrence(outlook::port::Item& item, const Recurrence& recurrence);
 
 /// What an item of an embedded store holds now, saved or not.
 [[nodiscard]] ListedItem describe(const outlook::port::Item& item);

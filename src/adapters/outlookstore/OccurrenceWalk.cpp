@@ -1,0 +1,139 @@
+#include "adapters/outlookstore/OccurrenceWalk.h"
+
+#include "adapters/outlookstore/ItemBlob.h"
+#include "adapters/outlookstore/SeriesItem.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace wmoutlook::outlookstore {
+
+namespace {
+
+constexpr std::int64_t kSecondsOfDay = 86400;
+constexpr std::size_t kDaysAtOnce = 16;
+constexpr ItemPlace kBeforeAll{SecondsRange{}.low, SecondsRange{}.low};
+
+std::int64_t floorDays(std::int64_t seconds) {
+    return seconds / kSecondsOfDay - (seconds % kSecondsOfDay < 0 ? 1 : 0);
+}
+
+DayNumber clampedDay(std::int64_t day, DayNumber least, DayNumber most) {
+    return static_cast<DayNumber>(std::clamp<std::int64_t>(day, least, most));
+}
+
+}  // namespace
+
+SeriesWalk::SeriesWalk(SeriesStorage& series, const LoadedItem& master, SecondsRange range)
+    : pattern_(series.pattern(master.head.number).value_or(Recurrence{})) {
+    const std::int64_t start = sortKeyOf(master.data, "Start").value();
+    startDay_ = clampedDay(floorDays(start), std::numeric_limits<DayNumber>::min(), std::numeric_limits<DayNumber>::max());
+    timeOfDay_ = start - std::int64_t{startDay_} * kSecondsOfDay;
+    const DayNumber end = pattern_.patternEndDate ? dayNumberOf(*pattern_.patternEndDate) : lastDayOfAll();
+    lastDay_ = clampedDay(floorDays(range.high), startDay_ - 1, std::max(end, startDay_ - 1));
+    nextDay_ = clampedDay(floorDays(range.low), startDay_, std::max(lastDay_, startDay_));
+    for (const ExceptionPlace& place : series.exceptionPlaces(master.head.number)) {
+        exceptions_.push_back(place.originalDay);
+        if (place.start && *place.start >= range.low && *place.start <= range.high)
+            moved_.push_back({*place.start, place.originalDay});
+    }
+    std::sort(moved_.begin(), moved_.end(), std::greater<>{});
+    regular_ = nextRegular();
+    advance();
+}
+
+void SeriesWalk::readDays() {
+    days_ = patternDays(pattern_, startDay_, nextDay_, lastDay_, kDaysAtOnce);
+    nextDay_ = days_.empty() ? lastDay_ + 1 : days_.back() + 1;
+    std::reverse(days_.begin(), days_.end());
+}
+
+bool SeriesWalk::isExceptional(DayNumber day) const {
+    return std::binary_search(exceptions_.begin(), exceptions_.end(), day);
+}
+
+std::optional<SeriesWalk::Occurrence> SeriesWalk::nextRegular() {
+    while (true) {
+        if (days_.empty()) readDays();
+        if (days_.empty()) return std::nullopt;
+        const DayNumber day = days_.back();
+        days_.pop_back();
+        if (!isExceptional(day)) return Occurrence{std::int64_t{day} * kSecondsOfDay + timeOfDay_, day};
+    }
+}
+
+void SeriesWalk::advance() {
+    const bool isMovedNext = !moved_.empty() && (!regular_ || moved_.back() < *regular_);
+    if (!isMovedNext) {
+        current_ = std::exchange(regular_, regular_ ? nextRegular() : std::nullopt);
+        return;
+    }
+    current_ = moved_.back();
+    moved_.pop_back();
+}
+
+OccurrenceWalk::OccurrenceWalk(StoreFile& file, const ViewTerms& terms)
+    : file_(file),
+      terms_(terms),
+      range_(terms.rangeOf("Start", true)),
+      singles_(file.items(), 0, terms.folder, false, range_),
+      single_(singles_.next()),
+      unopened_(file.series().next(terms.folder, kBeforeAll, range_.low)) {}
+
+/// Those that begin before whatever is next.
+void OccurrenceWalk::openSeries() {
+    while (unopened_ && unopened_->key <= range_.high) {
+        const ItemPlace place = *unopened_;
+        if ((single_ && single_->key < place.key) || (!open_.empty() && open_.begin()->first.key < place.key)) return;
+        unopened_ = file_.series().next(terms_.folder, place, range_.low);
+        const auto master = file_.items().loadIf(place.number, terms_.folder, {});
+        if (!master || !isSeries(master->data)) continue;
+        SeriesWalk walk{file_.series(), *master, range_};
+        if (walk.current()) open_.emplace(ItemPlace{walk.current()->start, place.number}, std::move(walk));
+    }
+}
+
+std::optional<WalkedItem> OccurrenceWalk::next() {
+    while (true) {
+        openSeries();
+        if (!single_ && open_.empty()) return std::nullopt;
+        const bool isSingleNext = single_ && (open_.empty() || *single_ < open_.begin()->first);
+        if (auto item = isSingleNext ? takeSingle() : takeOccurrence()) return item;
+    }
+}
+
+std::optional<WalkedItem> OccurrenceWalk::takeSingle() {
+    const ItemPlace place = std::exchange(single_, singles_.next()).value();
+    auto item = file_.items().loadIf(place.number, terms_.folder,
+                                     [&](const ItemHead& head, std::string_view bytes) { return terms_.pass(head, bytes); });
+    if (!item || isSeries(item->data)) return std::nullopt;
+    return WalkedItem{std::move(*item), std::nullopt};
+}
+
+std::optional<WalkedItem> OccurrenceWalk::takeOccurrence() {
+    auto node = open_.extract(open_.begin());
+    const std::int64_t number = node.key().number;
+    const SeriesWalk::Occurrence occurrence = node.mapped().current().value();
+    node.mapped().advance();
+    if (node.mapped().current()) {
+        node.key().key = node.mapped().current()->start;
+        open_.insert(std::move(node));
+    }
+    auto master = file_.items().loadIf(number, terms_.folder, {});
+    if (!master || !isSeries(master->data)) return std::nullopt;
+    auto data = occurrenceOf(file_.series(), *master, occurrence.originalDay);
+    if (!data || !passes(*master, *data)) return std::nullopt;
+    return WalkedItem{{master->head, std::move(*data)}, occurrence.originalDay};
+}
+
+/// A restriction from before the expansion looks at the series' own item.
+bool OccurrenceWalk::passes(const LoadedItem& master, const ItemData& occurrence) {
+    for (const Restriction& restriction : terms_.restrictions) {
+        encodeItem(restriction.isOnOccurrences ? occurrence : master.data, bytes_);
+        if (!restriction.filter.matches(master.head, bytes_)) return false;
+    }
+    return true;
+}
+
+}  // namespace wmoutlook::outlookstore
