@@ -114,10 +114,11 @@ std::string MAPIFolder::entryID() const {
     return call([&](auto& object) { return object.entryID(); });
 }
 
-void NameSpace::logon(const std::function<LogonArguments()>& arguments) const {
-    call([&](auto& object) {
+bool NameSpace::logon(const std::function<LogonArguments()>& arguments) const {
+    return call([&](auto& object) {
         const LogonArguments with = arguments();
         object.logon(with.profile, with.password, with.showDialog, with.newSession);
+        return true;
     });
 }
 

@@ -128,7 +128,7 @@ class NameSpace : public Handle<port::NameSpace> {
 public:
     using Handle::Handle;
     /// Asks for the arguments at each attempt: a host that hears of a refusal may correct the profile and have it tried again.
-    void logon(const std::function<LogonArguments()>& arguments) const;
+    bool logon(const std::function<LogonArguments()>& arguments) const;  ///< whether it went through
     [[nodiscard]] MAPIFolder getDefaultFolder(DefaultFolder folder) const;
     [[nodiscard]] MAPIFolder getFolderFromID(std::string_view entryID, std::string_view storeID) const;
     [[nodiscard]] Item getItemFromID(std::string_view entryID, std::string_view storeID) const;
