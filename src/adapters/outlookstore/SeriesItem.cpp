@@ -195,10 +195,12 @@ bool saveSeries(StoreFile& file, ItemHead& head, ItemData& data, const Recurrenc
         setValue(data, "IsRecurring", true);
         if (isAppointment(data)) setValue(data, "RecurrenceState", kMaster);
     }
+    ItemHead saved = head;  // an item that could not be saved as a whole has no number
     Savepoint whole{file.connection(), "saving a series"};
-    if (!file.items().save(head, data, file.now(), true)) return false;
-    if (pattern) savePattern(file, head, data, *pattern, exceptions);
+    if (!file.items().save(saved, data, file.now(), true)) return false;
+    if (pattern) savePattern(file, saved, data, *pattern, exceptions);
     whole.release();
+    head = saved;
     return true;
 }
 
