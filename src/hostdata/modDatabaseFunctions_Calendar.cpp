@@ -6,8 +6,9 @@
 #include "platform/Routine.h"
 #include "platform/ValueHelper.h"
 
-#include <optional>
+#include <limits>
 #include <string>
+#include <string_view>
 
 namespace wmoutlook::modDatabaseFunctions {
 
@@ -112,7 +113,8 @@ void deleteScheduleTask(std::int32_t scheduleID, bool keepTasks) {
         deleteScheduleClientNotifications(scheduleID);
         if (!isDatabaseOpen()) return;
         const std::string id = toText(scheduleID);
-        if (!keepTasks) {
+        // Tasks without an entry have -1, and that is also what a look-up that failed gives: they hang on nothing.
+        if (!keepTasks && scheduleID > 0) {
             Recordset tasks{"SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE ScheduleIDNum=" + id + ";"};
             for (tasks.moveFirst(); !tasks.isAtEnd(); tasks.moveNext()) {
                 const std::int32_t taskID = tasks.number("TaskID", kNoRecord);
@@ -165,7 +167,7 @@ std::int32_t getAppointmentRepeatUniqueID(CalendarType type) {
         if (!isDatabaseOpen()) return;
         const std::string column = std::string{rowOf(type).table} + ".RepeatNum";
         const Recordset rows{"SELECT " + column + " FROM " + std::string{rowOf(type).table} + " ORDER BY " + column + ";"};
-        for (std::int32_t candidate = 1;; ++candidate) {
+        for (std::int32_t candidate = 1; candidate < std::numeric_limits<std::int32_t>::max(); ++candidate) {
             const auto isTaken = rows.findFirstIfTold("RepeatNum", candidate);
             if (isTaken == false) repeatNum = candidate;
             if (isTaken != true) return;

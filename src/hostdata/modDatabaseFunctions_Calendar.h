@@ -18,7 +18,8 @@ void deleteAppointment(std::int32_t appointmentID, bool keepHistory);
 /// Without ignoreScheduleCheck only a task of an independent schedule entry is deleted. Without keepSchedule the schedule entry
 /// goes too; its other tasks stay.
 void deleteTask(std::int32_t taskID, bool ignoreScheduleCheck, bool keepSchedule, bool keepHistory);
-/// Without keepTasks the tasks of the entry go too, whatever the check of their schedule says, with their history kept.
+/// Without keepTasks the tasks of the entry go too, whatever the check of their schedule says, with their history kept. A number
+/// of 0 or less is no entry and has no tasks.
 void deleteScheduleTask(std::int32_t scheduleID, bool keepTasks);
 void deleteAppointmentClientNotifications(CalendarType type, std::int32_t id, bool keepHistory);
 void deleteScheduleClientNotifications(std::int32_t scheduleID);  ///< those that were not sent

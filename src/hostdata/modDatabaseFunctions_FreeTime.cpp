@@ -4,6 +4,7 @@
 #include "platform/DateHelper.h"
 #include "platform/Errors.h"
 #include "platform/Routine.h"
+#include "platform/ValueHelper.h"
 
 #include <cmath>
 #include <optional>
@@ -18,8 +19,9 @@ Date atHour(std::int32_t hour) {
     return fromSecondsSinceDayZero(std::int64_t{hour} * 3600);
 }
 
-double hoursBetween(Date earlier, Date later) {
-    return DateHelper::minutesBetween(earlier, later) / 60;
+/// In the precision of the hours that a record needs: twenty minutes are a third of an hour only there.
+float hoursBetween(Date earlier, Date later) {
+    return static_cast<float>(DateHelper::minutesBetween(earlier, later) / 60);
 }
 
 std::string recordsOfDay(CalendarType type, std::int32_t userID, Date day) {
@@ -34,23 +36,31 @@ std::string recordsOfDay(CalendarType type, std::int32_t userID, Date day) {
            ".TimeTo;";
 }
 
-/// The first gap in front of a record, and where the last record that counts ends.
+/// Nothing for a blank time, for one that could not be read and for one that is none.
+std::optional<Date> minuteIn(const Recordset& records, std::string_view field) {
+    const Variant time = records.field(field);
+    if (ValueHelper::isNullOrEmpty(time)) return std::nullopt;
+    return statement([&]() -> std::optional<Date> { return minuteOf(time.toDate()); });
+}
+
+/// The first gap in front of a record, and where the last record that counts ends. A record that ends with the day, at 17:00,
+/// does not count: its time is taken for free. Meant so.
 struct OfficeDay {
     Date opens = atHour(9);
     Date closes = atHour(17);
     Date lastEnd = opens;
     std::optional<Date> gap;
 
-    void walk(Recordset& records, double hours) {
+    void walk(Recordset& records, float hours) {
         for (records.moveFirst(); !records.isAtEnd() && !gap; records.moveNext()) {
-            const auto from = records.dateIfRead("TimeFrom");
-            const auto to = records.dateIfRead("TimeTo");
-            if (from && to) pass(minuteOf(*from), minuteOf(*to), hours);
+            const auto from = minuteIn(records, "TimeFrom");
+            const auto to = minuteIn(records, "TimeTo");
+            if (from && to) pass(*from, *to, hours);
         }
     }
 
 private:
-    void pass(Date from, Date to, double hours) {
+    void pass(Date from, Date to, float hours) {
         if (isEarlier(from, opens) || !isEarlier(to, closes)) return;
         if (isEarlier(lastEnd, from) && hoursBetween(lastEnd, from) >= hours) gap = lastEnd;
         if (!gap) lastEnd = to;
@@ -83,7 +93,8 @@ Date getBestTimeInCalendarForSpecificDayAndUser(CalendarType type, std::int32_t 
             Recordset records{recordsOfDay(type, userID, day)};
             office.walk(records, hours);
         }
-        // A gap that is too short is not remembered: where nothing fits, chance decides.
+        // No other time is remembered: the best gap starts out at 9:00, but that is where the search begins and no answer.
+        // Given as one it would put every task of a full day at nine; there chance decides.
         if (office.gap)
             time = *office.gap;
         else if (hoursBetween(office.lastEnd, office.closes) >= hours)
@@ -100,7 +111,7 @@ Date determineEndTimeFromEstimatedTime(Date start, float hours) {
     routine.run([&] {
         if (!(hours > 0)) return;
         // Measured from the day's first midnight, not to its last: early in the day every task ends at midnight. Meant so.
-        const float sinceMidnight = static_cast<float>(std::abs(hoursBetween(minuteOf(start), Date{})));
+        const float sinceMidnight = std::abs(hoursBetween(minuteOf(start), Date{}));
         end = sinceMidnight > hours ? DateHelper::addHoursToTime(start, hours) : Date{};
     });
     return end;
