@@ -19,11 +19,18 @@ struct Command {
     std::string_view summary;
     std::string_view example;           ///< a command line, without the program's name
     Action (*declare)(CLI::App& line);  ///< adds the options to the command's line
-    std::span<const Command> below{};   ///< for a command that is a group: no action of its own
+    bool changesFiles = false;
+    std::span<const Command> below{};  ///< for a command that is a group: no action of its own
 };
 
-/// Adds commands below a line; the one that is given on the command line leaves its action in `chosen`.
-void addCommands(CLI::App& parent, std::span<const Command> commands, Action& chosen);
+/// The command that is given on the command line.
+struct ChosenCommand {
+    Action action;
+    bool changesFiles = false;
+};
+
+/// Adds commands below a line; the one that is given on the command line is left in `chosen`.
+void addCommands(CLI::App& parent, std::span<const Command> commands, ChosenCommand& chosen);
 
 // The tables, one per file of commands/.
 

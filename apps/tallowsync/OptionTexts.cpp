@@ -1,6 +1,7 @@
 #include "apps/tallowsync/OptionTexts.h"
 
 #include "apps/tallowsync/Console.h"
+#include "apps/tallowsync/PlainText.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -30,6 +31,12 @@ std::int32_t wholeNumber(std::string_view option, std::string_view text) {
 
 std::uint64_t seedNumber(std::string_view option, std::string_view text) {
     return parsed<std::uint64_t>(option, text, "no whole number from 0 up");
+}
+
+std::string nameText(std::string_view option, std::string_view text) {
+    if (const std::string fault = faultOfName(text); !fault.empty())
+        throw UsageError{std::string{option} + ": the name " + (text.empty() ? "" : inQuotes(text) + " ") + fault};
+    return std::string{text};
 }
 
 Date moment(std::string_view option, std::string_view text) {

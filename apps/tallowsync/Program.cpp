@@ -1,10 +1,12 @@
 #include "apps/tallowsync/Program.h"
 
 #include "apps/tallowsync/Command.h"
+#include "apps/tallowsync/PlainText.h"
 #include "platform/Errors.h"
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <new>
 #include <optional>
 
@@ -19,7 +21,8 @@ constexpr const char* kSummary =
 constexpr const char* kClosing =
     "Results go to standard output, everything else to standard error. 'tallowsync COMMAND --help' explains a command.\n\n"
     "Exit status: 0 done; 1 done, with failures reported; 2 wrong usage; 3 a file cannot be opened or is not what it should be;\n"
-    "4 ended by the error service.\n\n"
+    "4 ended by the error service; 128 and the number of a signal that stopped it, 130 for Ctrl-C. A run that is stopped ends\n"
+    "behind the record at work, and what was written stays; anything else leaves no trace. A second signal ends it at once.\n\n"
     "Example:\n"
     "  tallowsync sample demo\n"
     "  tallowsync sync --firm demo/firm.db --outlook demo/outlook.db --objects contacts --direction to-outlook --dry-run";
@@ -43,6 +46,15 @@ std::string explain(const CLI::App& app, const CLI::ParseError& error) {
     return fault + "; '" + command + " --help' explains it";
 }
 
+/// What was printed has to arrive; without it a work that is done is told as done all the same.
+ExitStatus delivered(ExitStatus status, Console& console, bool isWorkDone) {
+    console.out.flush();
+    if (console.out) return status;
+    tellFailure(console, std::string{"The result cannot be written to standard output"} +
+                             (isWorkDone ? "; the work itself was done" : ""));
+    return status == ExitStatus::done || status == ExitStatus::doneWithFailures ? ExitStatus::badFile : status;
+}
+
 /// Reads the command line: the action to do, or the exit status when there is nothing left to do.
 std::optional<ExitStatus> parse(CLI::App& app, std::vector<std::string> arguments, Console& console) {
     std::reverse(arguments.begin(), arguments.end());
@@ -51,19 +63,22 @@ std::optional<ExitStatus> parse(CLI::App& app, std::vector<std::string> argument
         return std::nullopt;
     } catch (const CLI::Success& help) {
         app.exit(help, console.out, console.err);
-        return ExitStatus::done;
+        return delivered(ExitStatus::done, console, false);
     } catch (const CLI::ParseError& error) {
         return fail(console, explain(app, error), ExitStatus::wrongUsage);
     }
 }
 
-ExitStatus perform(const Action& action, Console& console) {
+ExitStatus perform(const ChosenCommand& command, Console& console) {
     try {
-        const ExitStatus status = action(console);
-        console.out.flush();
-        return console.out ? status : fail(console, "The results cannot be written to standard output", ExitStatus::badFile);
+        return delivered(command.action(console), console, command.changesFiles);
     } catch (const UsageError& error) {
         return fail(console, error.what(), ExitStatus::wrongUsage);
+    } catch (const Stopped& stopped) {
+        return fail(console, std::string{stopped.what()} + "; nothing was changed", stoppedBy(stopped.signal()));
+    } catch (const std::filesystem::filesystem_error& error) {
+        return fail(console, inQuotes(error.path1().string()) + " cannot be used: " + error.code().message(),
+                    ExitStatus::badFile);
     } catch (const std::bad_alloc&) {
         return fail(console, "There is not enough memory", ExitStatus::badFile);
     } catch (const std::exception& error) {
@@ -71,7 +86,7 @@ ExitStatus perform(const Action& action, Console& console) {
     }
 }
 
-void declareAll(CLI::App& app, Action& chosen) {
+void declareAll(CLI::App& app, ChosenCommand& chosen) {
     app.set_version_flag("--version", "tallowsync 0.1.0");
     app.footer(kClosing);
     app.require_subcommand(1);
@@ -80,12 +95,12 @@ void declareAll(CLI::App& app, Action& chosen) {
 
 }  // namespace
 
-void addCommands(CLI::App& parent, std::span<const Command> commands, Action& chosen) {
+void addCommands(CLI::App& parent, std::span<const Command> commands, ChosenCommand& chosen) {
     for (const Command& command : commands) {
         CLI::App* const line = parent.add_subcommand(std::string{command.name}, std::string{command.summary});
         line->footer("Example:\n  tallowsync " + std::string{command.example});
         const Action action = command.declare(*line);
-        if (action) line->final_callback([&chosen, action] { chosen = action; });
+        if (action) line->final_callback([&chosen, action, &command] { chosen = {action, command.changesFiles}; });
         if (command.below.empty()) continue;
         line->require_subcommand(1);
         addCommands(*line, command.below, chosen);
@@ -97,12 +112,16 @@ void tellFailure(Console& console, std::string_view sentence) {
     std::replace(line.begin(), line.end(), '\n', ' ');
     while (line.ends_with(' ')) line.pop_back();
     if (!line.ends_with('.')) line += '.';
-    console.err << "tallowsync: " << line << '\n';
+    console.err << "tallowsync: " << onOneLine(line) << '\n';
+}
+
+void stopIfAsked(const StopSignal& stopSignal) {
+    if (const int signal = stopSignal(); signal != 0) throw Stopped{signal};
 }
 
 int runTallowsync(std::vector<std::string> arguments, Console& console) {
     CLI::App app{kSummary, "tallowsync"};
-    Action chosen;
+    ChosenCommand chosen;
     declareAll(app, chosen);
     if (const auto status = parse(app, std::move(arguments), console)) return static_cast<int>(*status);
     return static_cast<int>(perform(chosen, console));

@@ -70,6 +70,8 @@ TEST_F(BadInput, CommandLinesThatAskForWhatCannotBe) {
                           Case{{"--set", "mvarApptSynchStartRange=soon"}, "mvarApptSynchStartRange"},
                           Case{{"--data-file", "123456789012345678901"}, "--data-file"},
                           Case{{"--data-file", "O'Brien"}, "--data-file"},
+                          Case{{"--data-file", "a\x1B"}, "--data-file"},
+                          Case{{"--folder", ""}, "folder is empty"},
                           Case{{"--user", "4711"}, "4711"},
                           Case{{"--user", "me"}, "--user"},
                           Case{{"--now", "09:00:00"}, "--now"},
@@ -103,6 +105,10 @@ TEST_F(BadInput, FilesThatAreNotWhatTheyShouldBe) {
     expectRefusal({"sample", folder.workingFolderPath()}, 3, "firm.db");
     expectRefusal({"new-firm", file("new.db"), "--province", "XX"}, 2, "XX");
     expectRefusal({"sample", file("new"), "--province", "TX"}, 2, "TX");
+    for (const char* companies : {"-1", "1000001", "2147483647"})
+        expectRefusal({"sample", file("new"), "--companies", companies}, 2, "--companies");
+    for (const std::string& place : {std::string{"/proc/x"}, file("text.db"), std::string{}})
+        expectRefusal({"sample", place}, 3, "older");
 }
 
 TEST_F(BadInput, FilesThatAnotherProcessHolds) {
@@ -134,11 +140,23 @@ TEST_F(BadInput, ItemsThatTheStoreCannotTake) {
         std::string item;
         std::string named;
     };
-    for (const Case& c : {Case{R"({"FullName": 7})", "FullName"}, Case{R"({"Favourite": "tea"})", "Favourite"},
-                          Case{R"({"Birthday": "last May"})", "Birthday"}, Case{R"({"Birthday": "09:00:00"})", "Birthday"},
-                          Case{R"({"Gender": 4294967296})", "Gender"}, Case{R"({"Gender": 1.5})", "Gender"},
-                          Case{R"({"UnRead": "True"})", "UnRead"}, Case{R"({"Class": 41})", "Class"},
-                          Case{R"({"Class": 26, "FileAs": "x"})", "FileAs"}, Case{R"("Anne")", "object"},
+    for (const Case& c : {Case{R"({"FullName": 7})", "FullName"},
+                          Case{R"({"Favourite": "tea"})", "Favourite"},
+                          Case{R"({"Birthday": "last May"})", "Birthday"},
+                          Case{R"({"Birthday": "09:00:00"})", "Birthday"},
+                          Case{R"({"Gender": 4294967296})", "Gender"},
+                          Case{R"({"Gender": 1.5})", "Gender"},
+                          Case{R"({"Gender": 77})", "from 0 to 2"},
+                          Case{R"({"Gender": -1})", "Gender"},
+                          Case{R"({"UnRead": "True"})", "UnRead"},
+                          Case{R"({"Class": 41})", "Class"},
+                          Case{R"({"Class": 26})", "Class"},
+                          Case{R"("Anne")", "object"},
+                          Case{R"({"FileAs": "x", "fileAs": "y"})", "fileAs"},
+                          Case{R"({"FileAs": "x\u0000y"})", "NUL"},
+                          Case{R"({"FileAs": ")" + std::string(1'000'001, 'x') + "\"}", "FileAs"},
+                          Case{R"({"UserProperties": [{"name": "a\u001b", "type": 1}]})", "user property"},
+                          Case{R"({"UserProperties": [{"name": "Fee", "type": 1, "value": "\u0000"}]})", "NUL"},
                           Case{R"({"UserProperties": {}})", "UserProperties"},
                           Case{R"({"UserProperties": [{"name": " ", "type": 1}]})", "user property"},
                           Case{R"({"UserProperties": [{"name": "Fee", "type": 2, "value": 1}]})", "user property"},
@@ -151,9 +169,51 @@ TEST_F(BadInput, ItemsThatTheStoreCannotTake) {
     expectRefusal({"outlook", file("outlook.db"), "add", "--folder", "Contacts"}, 3, "byte", R"([{"FullName": "Anne)");
     expectRefusal({"outlook", file("outlook.db"), "add", "--folder", "Nowhere"}, 2, "Nowhere", "[]");
     expectRefusal({"outlook", file("outlook.db"), "list", "--folder", "Nowhere"}, 2, "Nowhere");
-    expectRefusal({"outlook", file("outlook.db"), "add-folder", "Nowhere/Below", "--type", "mail"}, 3, "Nowhere");
+    expectRefusal({"outlook", file("outlook.db"), "add", "--folder", "Calendar"}, 3, "of an Appointment", R"({"FileAs": "x"})");
     const Json items = outlook({"list", "--json"}).json();
     expectRefusal({"outlook", file("outlook.db"), "delete", items[0]["EntryID"], "00"}, 2, "\"00\"");
+}
+
+TEST_F(BadInput, NamesThatCannotBe) {
+    std::string long256;
+    for (int i = 0; i < 256; ++i) long256 += "é";
+    for (const std::string& name :
+         {std::string{}, std::string{" "}, std::string{"a\nb"}, std::string{"a\x1B[31m"}, std::string{"a\x7F"},
+          std::string{"a\xC2\x9B"}, std::string{"a\xFF"}, std::string{"a\xC3"}, long256}) {
+        expectRefusal({"new-firm", file("new.db"), "--name", name}, 2, "--name");
+        expectRefusal({"outlook", file("outlook.db"), "add-folder", "Contacts/" + name, "--type", "mail"}, 2,
+                      name.empty() ? "already" : "PATH");
+    }
+    struct Case {
+        std::string path;
+        std::string named;
+    };
+    for (const Case& c : {Case{"Nowhere/Below", "\"Nowhere\""}, Case{"Contacts", "already"}, Case{"", "PATH"}, Case{"/", "PATH"},
+                          Case{R"(\\Another Store)", "Another Store"}})
+        expectRefusal({"outlook", file("outlook.db"), "add-folder", c.path, "--type", "mail"}, 2, c.named);
+    long256.resize(255 * std::string_view{"é"}.size());
+    EXPECT_EQ(run({"new-firm", file("new.db"), "--name", long256}).status, 0);
+    EXPECT_EQ(outlook({"add-folder", "Contacts\\" + long256 + "/", "--type", "mail"}).status, 0);
+}
+
+TEST_F(BadInput, OutputThatCannotBeWrittenIsToldApartFromWorkThatWasNotDone) {
+    struct Case {
+        Strings arguments;
+        bool isWorkDone;
+    };
+    for (const Case& c : {Case{{"--help"}, false}, Case{{"outlook", file("outlook.db"), "list"}, false},
+                          Case{{"outlook", file("outlook.db"), "add-folder", "New", "--type", "mail"}, true},
+                          Case{syncOf("firm.db", "outlook.db"), true}}) {
+        SCOPED_TRACE(c.arguments.front());
+        std::istringstream in;
+        std::ofstream out{"/dev/full"};
+        std::ostringstream err;
+        Console console{in, out, err};
+        EXPECT_EQ(runTallowsync(c.arguments, console), 3);
+        EXPECT_NE(err.str().find("standard output"), std::string::npos);
+        EXPECT_EQ(err.str().find("was done") != std::string::npos, c.isWorkDone);
+    }
+    EXPECT_EQ(outlook({"list", "--folder", "New"}).status, 0);
 }
 
 }  // namespace

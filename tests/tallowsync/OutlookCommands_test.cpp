@@ -60,6 +60,27 @@ TEST_F(OutlookCommands, DeletedItemsAreGoneAndTheOthersStay) {
     EXPECT_EQ(outlook({"list", "--json"}).json(), expected);
 }
 
+TEST_F(OutlookCommands, StoredTextsCannotSteerATerminal) {
+    const std::string name = R"({"FileAs": "a\u001b[31mb\u0007\u007f\u009b2Jé"})";
+    ASSERT_EQ(outlook({"add", "--folder", "Drafts"}, R"({"Subject": "x\u001b\u009b"})").status, 0);
+    ASSERT_EQ(outlook({"add", "--folder", "Contacts"}, name).status, 0);
+    OtherProcess{file("outlook.db")}.execute("UPDATE Folders SET Name = 'Draw' || char(27, 10, 155) WHERE Name = 'Drafts'");
+    std::string shown;
+    for (const std::vector<std::string>& command : {std::vector<std::string>{"folders"},
+                                                    {"folders", "--json"},
+                                                    {"list"},
+                                                    {"list", "--json"},
+                                                    {"list", "--folder", "no\x1B\xFF\xC2\x9B"}}) {
+        const Result result = outlook(command);
+        shown += result.out + result.err;
+    }
+    for (const char* control : {"\x1B", "\x07", "\x7F", "\xC2\x9B", "\xFF"})
+        EXPECT_EQ(shown.find(control), std::string::npos) << int(control[0]);
+    for (const char* escaped : {R"(a\x1B[31mb\x07\x7F\x9B2Jé)", R"(a\u001b[31mb\u0007\u007f\u009b2Jé)", R"(Draw\x1B\x0A\x9B)"})
+        EXPECT_NE(shown.find(escaped), std::string::npos) << escaped;
+    EXPECT_EQ(Json::parse(outlook({"list", "--folder", "Contacts", "--json"}).out).back()["FileAs"], Json::parse(name)["FileAs"]);
+}
+
 TEST_F(OutlookCommands, EmptyFolderIsAnEmptyArray) {
     EXPECT_EQ(outlook({"list", "--folder", "Drafts", "--json"}).json(), Json::array());
 }

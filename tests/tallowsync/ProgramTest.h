@@ -30,10 +30,11 @@ protected:
 
     [[nodiscard]] std::string file(const std::string& name) { return folder.workingFolderPath() + "/" + name; }
 
-    static Result run(std::vector<std::string> arguments, const std::string& input = {}) {
+    static Result run(
+        std::vector<std::string> arguments, const std::string& input = {}, StopSignal stopSignal = [] { return 0; }) {
         std::istringstream in{input};
         std::ostringstream out, err;
-        Console console{in, out, err};
+        Console console{in, out, err, false, false, std::move(stopSignal)};
         const int status = runTallowsync(std::move(arguments), console);
         return {status, out.str(), err.str()};
     }

@@ -125,6 +125,26 @@ TEST_F(SyncCommand, SettingsReachTheComponentByNameAndNumber) {
     EXPECT_EQ(category, "Clients = ours");
 }
 
+TEST_F(SyncCommand, NumbersThatNameNothingAreToldAndDoNotStopTheRun) {
+    struct Case {
+        Strings options;
+        Strings told;
+    };
+    for (const Case& c :
+         {Case{{"--companies", "1,999,-1"}, {"no company -1;", "no company 999;"}},
+          Case{{"--contacts", "1:888,777"}, {"no contact 777;", "no company 888;"}},
+          Case{{"--set", "syncCompanyInformation=99"}, {"has no value 99"}},
+          Case{{"--set", "syncCompanyInformation=companyOnly", "--set", "SchemeID=99", "--companies", "2"}, {}}}) {
+        SCOPED_TRACE(c.options[1]);
+        Strings options = c.options;
+        options.emplace_back("--dry-run");
+        const Result result = sync(options);
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(static_cast<std::size_t>(std::count(result.err.begin(), result.err.end(), '\n')), c.told.size()) << result.err;
+        for (const std::string& sentence : c.told) EXPECT_NE(result.err.find(sentence), std::string::npos) << result.err;
+    }
+}
+
 TEST_F(SyncCommand, EachAnswerToAFailureEndsTheRunItsOwnWay) {
     addClientWithQuotedName();
     struct Case {

@@ -3,6 +3,7 @@
 #include "adapters/outlookstore/OutlookStore.h"
 #include "apps/tallowsync/Command.h"
 #include "apps/tallowsync/OptionTexts.h"
+#include "apps/tallowsync/PlainText.h"
 #include "apps/tallowsync/sample/NewFirm.h"
 #include "apps/tallowsync/sample/SampleFirm.h"
 #include "platform/Text.h"
@@ -45,8 +46,9 @@ struct SampleTexts {
     std::string now{kSampleDay};
 };
 
-ExitStatus makeSample(const SampleTexts& texts) {
+ExitStatus makeSample(const SampleTexts& texts, const StopSignal& stopSignal) {
     SampleOptions options;
+    options.checkpoint = [&] { stopIfAsked(stopSignal); };
     if (texts.companies) options.companies = wholeNumber("--companies", *texts.companies);
     if (texts.seed) options.seed = seedNumber("--seed", *texts.seed);
     options.country = countryOf(texts.home);
@@ -63,11 +65,13 @@ ExitStatus makeSample(const SampleTexts& texts) {
 Action declareSample(CLI::App& line) {
     const auto texts = std::make_shared<SampleTexts>();
     line.add_option("DIR", texts->directory, "Where firm.db and outlook.db are made; they must not exist yet")->required();
-    line.add_option("--companies", texts->companies, "How many client companies the firm has; 60 without it");
+    line.add_option(
+        "--companies", texts->companies,
+        "How many client companies the firm has, from 0 to " + std::to_string(kMostSampleCompanies) + "; 60 without it");
     line.add_option("--seed", texts->seed, "Another seed makes up another firm; 1 without it");
     declareHome(line, texts->home);
     line.add_option("--now", texts->now, "The day around which the calendar lies; " + std::string{kSampleDay} + " without it");
-    return [texts](Console&) { return makeSample(*texts); };
+    return [texts](Console& console) { return makeSample(*texts, console.stopSignal); };
 }
 
 // new-firm
@@ -92,10 +96,10 @@ Action declareNewFirm(CLI::App& line) {
     const auto texts = std::make_shared<FirmTexts>();
     line.add_option("FILE", texts->path, "The file to make; it must not exist yet")->required();
     declareHome(line, texts->home);
-    line.add_option("--name", texts->name, "The firm's name");
+    line.add_option("--name", texts->name, "The firm's name, of at most " + std::to_string(kLongestName) + " characters");
     return [texts](Console&) {
         FirmProfile profile;
-        if (texts->name) profile.name = *texts->name;
+        if (texts->name) profile.name = nameText("--name", *texts->name);
         profile.country = countryOf(texts->home);
         profile.province = provinceCode(texts->home);
         profile.random = unforeseenNumbers();
@@ -117,10 +121,10 @@ Action declareNewOutlook(CLI::App& line) {
 
 constexpr Command kCommands[] = {
     {"sample", "Makes up a life-like firm and an Outlook store to try things out on, the same for the same options.",
-     "sample demo --companies 100 --province QC", declareSample},
+     "sample demo --companies 100 --province QC", declareSample, true},
     {"new-firm", "Makes the database of a firm without clients.",
-     "new-firm firm.db --name \"Whitfield & Associates\" --province BC", declareNewFirm},
-    {"new-outlook", "Makes an empty Outlook store with the default folders.", "new-outlook outlook.db", declareNewOutlook},
+     "new-firm firm.db --name \"Whitfield & Associates\" --province BC", declareNewFirm, true},
+    {"new-outlook", "Makes an empty Outlook store with the default folders.", "new-outlook outlook.db", declareNewOutlook, true},
 };
 
 }  // namespace

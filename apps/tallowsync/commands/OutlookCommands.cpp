@@ -1,9 +1,13 @@
 #include "adapters/outlookstore/OutlookStore.h"
 #include "adapters/outlookstore/StoreListing.h"
 #include "apps/tallowsync/Command.h"
+#include "apps/tallowsync/PlainText.h"
 #include "apps/tallowsync/items/Folders.h"
 #include "apps/tallowsync/items/ItemJson.h"
+#include "apps/tallowsync/items/ItemText.h"
+#include "platform/Text.h"
 
+#include <algorithm>
 #include <iomanip>
 #include <map>
 #include <memory>
@@ -34,9 +38,11 @@ Json folderToJson(const outlookstore::ListedFolder& folder) {
 }
 
 void printFolderLine(const outlookstore::ListedFolder& folder, std::ostream& out) {
-    const std::string name = std::string(static_cast<std::size_t>(folder.depth) * 2, ' ') + folder.path;
-    out << std::left << std::setw(48) << name << "  " << std::setw(8) << folderTypeName(folder.defaultItemType) << std::right
-        << std::setw(8) << folder.itemCount << '\n';
+    constexpr std::size_t kWidth = 48;
+    std::string name = std::string(static_cast<std::size_t>(folder.depth) * 2, ' ') + onOneLine(folder.path);
+    name.append(kWidth - std::min(kWidth, characterCount(name)), ' ');
+    out << name << "  " << std::left << std::setw(8) << folderTypeName(folder.defaultItemType) << std::right << std::setw(8)
+        << folder.itemCount << '\n';
 }
 
 Action declareFolders(CLI::App& line) {
@@ -57,13 +63,17 @@ Action declareFolders(CLI::App& line) {
 Action declareAddFolder(CLI::App& line) {
     const auto path = std::make_shared<std::string>();
     const auto type = std::make_shared<std::string>();
-    line.add_option("PATH", *path, "The new folder, such as Contacts/Clients; the folder above it exists already")->required();
+    line.add_option(
+            "PATH", *path,
+            "The new folder, such as Contacts/Clients; the folder above it exists already. Names are separated by a slash "
+            "or a backslash, and behind a leading \\\\STORE by backslashes only; a name has at most 255 characters")
+        ->required();
     line.add_option("--type", *type, "What it holds: contacts, calendar, tasks or mail")
         ->required()
         ->check(CLI::IsMember({"contacts", "calendar", "tasks", "mail"}));
     return [&line, path, type](Console& console) {
         const auto store = storeOf(line);
-        console.out << outlookstore::addFolder(*store, *path, folderKind(*type))->entryID() << '\n';
+        console.out << addNamedFolder(*store, *path, folderKind(*type))->entryID() << '\n';
         return ExitStatus::done;
     };
 }
@@ -87,7 +97,7 @@ struct ListOptions {
 
 Action declareList(CLI::App& line) {
     const auto options = std::make_shared<ListOptions>();
-    line.add_option("--folder", options->folder, "Only the items of this folder");
+    line.add_option("--folder", options->folder, "Only the items of this folder, by its path as 'folders' shows it");
     line.add_flag("--json", options->asJson, "Print JSON: all that is set, by Outlook's names");
     return [&line, options](Console& console) {
         const auto store = storeOf(line);
@@ -103,29 +113,22 @@ Action declareList(CLI::App& line) {
 
 // add
 
-Json readJson(std::istream& in) {
-    try {
-        return Json::parse(in);
-    } catch (const Json::parse_error& error) {  // its own text would show what was read
-        throw InputError{"Standard input is no valid JSON, at byte " + std::to_string(error.byte) +
-                         "; 'tallowsync outlook FILE list --json' shows the shape"};
-    }
-}
-
-ExitStatus addItems(Automation& store, const std::optional<std::string>& folder, Console& console) {
+ExitStatus addItemsOf(Automation& store, const std::optional<std::string>& folder, Console& console) {
     if (folder) static_cast<void>(requireFolder(store, *folder));
     ItemReader reader{store, folder};
-    reader.read(readJson(console.in));
+    reader.read(readItemText(console.in));
     for (const std::string& fault : reader.faults()) tellFailure(console, fault);
-    if (!reader.faults().empty()) return ExitStatus::badFile;
-    for (const NewItem& item : reader.items()) console.out << addItem(store, item) << '\n';
+    if (!reader.isRight()) return ExitStatus::badFile;
+    const auto checkpoint = [&] { stopIfAsked(console.stopSignal); };
+    for (const std::string& entryID : addItems(store, reader.items(), checkpoint)) console.out << entryID << '\n';
     return ExitStatus::done;
 }
 
 Action declareAdd(CLI::App& line) {
     const auto folder = std::make_shared<std::optional<std::string>>();
-    line.add_option("--folder", *folder, "Where they go; without it each item goes to the Folder that it names");
-    return [&line, folder](Console& console) { return addItems(*storeOf(line), *folder, console); };
+    line.add_option("--folder", *folder,
+                    "Where they go; without it each item goes to the Folder that it names. A folder takes items of its own type");
+    return [&line, folder](Console& console) { return addItemsOf(*storeOf(line), *folder, console); };
 }
 
 // delete
@@ -140,26 +143,26 @@ ExitStatus deleteItems(Automation& store, const std::vector<std::string>& entryI
 
 Action declareDelete(CLI::App& line) {
     const auto entryIDs = std::make_shared<std::vector<std::string>>();
-    line.add_option("ENTRYID", *entryIDs, "The items, by identifier")->required();
+    line.add_option("ENTRYID", *entryIDs, "The items, by identifier as 'list' shows it")->required();
     return [&line, entryIDs](Console&) { return deleteItems(*storeOf(line), *entryIDs); };
 }
 
 constexpr Command kStoreCommands[] = {
     {"folders", "Lists the folders of an Outlook store.", "outlook demo/outlook.db folders", declareFolders},
     {"add-folder", "Adds a folder and prints its identifier.",
-     "outlook demo/outlook.db add-folder Contacts/Clients --type contacts", declareAddFolder},
+     "outlook demo/outlook.db add-folder Contacts/Clients --type contacts", declareAddFolder, true},
     {"list", "Lists items with everything that is set in them.", "outlook demo/outlook.db list --folder Contacts --json",
      declareList},
     {"add",
      "Adds the items that standard input holds as JSON, in the shape that 'list --json' prints, and prints their identifiers. "
      "When one item is not right, nothing is added.",
-     "outlook demo/outlook.db add --folder Contacts < items.json", declareAdd},
+     "outlook demo/outlook.db add --folder Contacts < items.json", declareAdd, true},
     {"delete", "Deletes items. When one is not there, nothing is deleted.", "outlook demo/outlook.db delete ENTRYID",
-     declareDelete},
+     declareDelete, true},
 };
 
 constexpr Command kCommands[] = {
-    {"outlook", "Shows and changes an Outlook store.", "outlook demo/outlook.db list --folder Contacts", declareGroup,
+    {"outlook", "Shows and changes an Outlook store.", "outlook demo/outlook.db list --folder Contacts", declareGroup, false,
      kStoreCommands},
 };
 

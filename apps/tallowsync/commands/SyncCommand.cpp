@@ -1,5 +1,6 @@
 #include "apps/tallowsync/Command.h"
 #include "apps/tallowsync/OptionTexts.h"
+#include "apps/tallowsync/PlainText.h"
 #include "apps/tallowsync/run/SyncSession.h"
 #include "component/PropertyTable.h"
 #include "platform/Text.h"
@@ -97,8 +98,8 @@ std::pair<std::string, std::string> settingOf(const std::string& text) {
 std::optional<std::string> checkedDataFile(const std::optional<std::string>& identifier) {
     if (!identifier) return identifier;
     const std::size_t length = characterCount(*identifier);
-    if (length == 0 || length > kLongestDataFileID || identifier->find('\'') != std::string::npos)
-        throw UsageError{"--data-file: an identifier has 1 to 20 characters and no apostrophe"};
+    if (!faultOfName(*identifier).empty() || length > kLongestDataFileID || identifier->find('\'') != std::string::npos)
+        throw UsageError{"--data-file: an identifier has 1 to 20 characters, no apostrophe and no control character"};
     return identifier;
 }
 
@@ -133,9 +134,12 @@ SyncRequest requestOf(const SyncTexts& texts) {
 
 ExitStatus sync(const SyncTexts& texts, Console& console) {
     const SyncRequest request = requestOf(texts);
-    checkSettings(request);
+    checkSettings(request, console);
     const SyncReport report = runSync(request, console);
     if (!report.isConnected) tellFailure(console, "Outlook could not be reached with " + request.outlook);
+    if (report.stoppingSignal != 0)
+        tellFailure(console, report.isDryRun ? "Stopped by a signal; both sides are as they were"
+                                             : "Stopped by a signal; what was written stays, run it again to go on");
     if (report.isEnded) tellFailure(console, "The error service ended the program; what was written before stays");
     if (request.asJson)
         console.out << jsonText(toJson(report), 2) << '\n';
@@ -159,7 +163,7 @@ void declareSides(CLI::App& line, SyncTexts& texts) {
 void declareSelection(CLI::App& line, SyncTexts& texts) {
     line.add_option("--companies", texts.companies,
                     "To Outlook: all, none or numbers such as 1,2,3. Without --companies and --contacts all of both are chosen; "
-                    "with one of them, none of the other");
+                    "with one of them, none of the other. A number that names nothing is told and skipped");
     line.add_option("--contacts", texts.contacts,
                     "To Outlook: all, none or numbers such as 7,12:3, which is contact 12 under company 3; 'all' takes each "
                     "contact under its company");
@@ -186,7 +190,9 @@ void declareRun(CLI::App& line, SyncTexts& texts) {
 }
 
 std::string propertyList() {
-    std::string list = "\nProperties for --set, enumeration values by name or number:";
+    std::string list =
+        "\nProperties for --set, enumeration values by name or number (a number that is none of\n"
+        "them is told and set all the same):";
     for (const PublicProperty& property : publicProperties()) {
         if (property.write == nullptr) continue;
         list.append("\n  ").append(property.name);
@@ -209,7 +215,7 @@ constexpr Command kCommands[] = {
     {"sync", "Runs one synchronization between a firm and an Outlook store.",
      "sync --firm demo/firm.db --outlook demo/outlook.db --objects contacts --direction to-outlook \\\n"
      "    --companies 1,2,3 --set outlookCategory=Clients --dry-run --json",
-     declareSync},
+     declareSync, true},
 };
 
 }  // namespace

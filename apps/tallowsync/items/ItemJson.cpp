@@ -1,5 +1,8 @@
 #include "apps/tallowsync/items/ItemJson.h"
 
+#include "apps/tallowsync/PlainText.h"
+#include "platform/Errors.h"
+
 namespace wmoutlook {
 
 namespace {
@@ -53,10 +56,12 @@ std::string itemToLine(const ListedItem& item) {
     for (const std::string_view name : {"Subject", "FullName", "FileAs"})  // the last one that is set
         for (const auto& property : item.properties)
             if (property.name == name) title = property.value.toText();
-    return item.entryID + "  " + std::string{nameOf(item.type)} + "  " + title;
+    return item.entryID + "  " + std::string{nameOf(item.type)} + "  " + onOneLine(title);
 }
 
-std::string addItem(outlook::port::Automation& store, const NewItem& item) {
+namespace {
+
+std::shared_ptr<outlook::port::Item> addItem(outlook::port::Automation& store, const NewItem& item) {
     const auto added = outlookstore::findFolder(store, item.folder)->items()->add(item.type);
     for (const auto& [name, value] : item.properties) added->put(name, value);
     const auto userProperties = added->userProperties();
@@ -65,7 +70,43 @@ std::string addItem(outlook::port::Automation& store, const NewItem& item) {
         if (!property.value.isNull()) userProperty->setValue(property.value);
     }
     added->save();
-    return added->get("EntryID").toText();
+    return added;
+}
+
+/// What was added so far, to be deleted again unless it is kept.
+class AddedItems {
+public:
+    AddedItems() = default;
+    ~AddedItems() {
+        for (auto item = items_.rbegin(); item != items_.rend(); ++item) try {
+                (*item)->remove();
+            } catch (const Failure&) {  // what made it fail is told already
+            }
+    }
+    AddedItems(const AddedItems&) = delete;
+    AddedItems& operator=(const AddedItems&) = delete;
+
+    void add(std::shared_ptr<outlook::port::Item> item) { items_.push_back(std::move(item)); }
+    void keep() { items_.clear(); }
+
+private:
+    std::vector<std::shared_ptr<outlook::port::Item>> items_;
+};
+
+}  // namespace
+
+std::vector<std::string> addItems(outlook::port::Automation& store, const std::vector<NewItem>& items,
+                                  const std::function<void()>& checkpoint) {
+    AddedItems added;
+    std::vector<std::string> entryIDs;
+    for (const NewItem& item : items) {
+        checkpoint();
+        auto saved = addItem(store, item);
+        entryIDs.push_back(saved->get("EntryID").toText());
+        added.add(std::move(saved));
+    }
+    added.keep();
+    return entryIDs;
 }
 
 }  // namespace wmoutlook

@@ -3,6 +3,7 @@
 #include "adapters/outlookstore/StoreListing.h"
 #include "apps/tallowsync/Json.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,18 +30,23 @@ struct NewItem {
 /// written, are read over. Each fault becomes one sentence that says which item and property, never a value.
 class ItemReader {
 public:
+    static constexpr std::size_t kMostFaults = 20;
+
     /// With a folder, all items go there; otherwise each says its own.
     ItemReader(outlook::port::Automation& store, std::optional<std::string> folder);
 
     void read(const Json& document);
     [[nodiscard]] const std::vector<NewItem>& items() const { return items_; }
-    [[nodiscard]] const std::vector<std::string>& faults() const { return faults_; }
+    [[nodiscard]] bool isRight() const { return faultCount_ == 0; }
+    /// The first kMostFaults of them, and then how many more there are.
+    [[nodiscard]] std::vector<std::string> faults() const;
 
 private:
     void readItem(const Json& object);
     bool chooseFolder(const Json& object, NewItem& item);
     bool chooseType(const Json& object, NewItem& item);
     void readProperty(const std::string& name, const Json& value, NewItem& item);
+    void addProperty(std::string_view name, Variant value, NewItem& item);
     void readUserProperties(const Json& values, NewItem& item);
     void readUserProperty(const Json& value, NewItem& item);
     void fault(std::string_view sentence);
@@ -50,9 +56,12 @@ private:
     std::size_t position_ = 0;
     std::vector<NewItem> items_;
     std::vector<std::string> faults_;
+    std::size_t faultCount_ = 0;
 };
 
-/// Saves the item and gives its identifier.
-[[nodiscard]] std::string addItem(outlook::port::Automation& store, const NewItem& item);
+/// Saves all items and gives their identifiers, or none: when one cannot be saved, those before it are deleted again and the
+/// failure goes on. `checkpoint` is called before each and may throw too.
+[[nodiscard]] std::vector<std::string> addItems(outlook::port::Automation& store, const std::vector<NewItem>& items,
+                                                const std::function<void()>& checkpoint);
 
 }  // namespace wmoutlook

@@ -1,5 +1,7 @@
 #include "apps/tallowsync/items/ItemJson.h"
 
+#include "apps/tallowsync/PlainText.h"
+#include "apps/tallowsync/items/ValueLimits.h"
 #include "platform/Errors.h"
 #include "platform/Text.h"
 
@@ -43,6 +45,10 @@ std::optional<Variant> readInteger(const Json& value) {
     return Variant{static_cast<std::int32_t>(number)};
 }
 
+bool isWithin(const NumberRange& range, const Variant& number) {
+    return number.toInteger() >= range.least && number.toInteger() <= range.most;
+}
+
 std::optional<Variant> readNumber(const Json& value) {
     if (!value.is_number()) return std::nullopt;
     return Variant{value.get<double>()};
@@ -66,7 +72,7 @@ constexpr std::string_view kMoment = "a moment such as \"2026-11-22T09:00:00\"";
 
 constexpr KindRow kKinds[] = {
     {PropertyKind::text, "a text", readText},
-    {PropertyKind::integer, "a whole number of 32 bits", readInteger},
+    {PropertyKind::integer, "", readInteger},  // see rangeOf
     {PropertyKind::boolean, "true or false", readTruth},
     {PropertyKind::day, kDay, readDate},
     {PropertyKind::moment, kMoment, readDate},
@@ -85,7 +91,11 @@ constexpr UserKindRow kUserKinds[] = {
     {UserPropertyType::yesNo, "true or false", readTruth},
 };
 
-constexpr ItemType kItemTypes[] = {ItemType::contact, ItemType::appointment, ItemType::task, ItemType::mail};
+/// "a ContactItem", "an AppointmentItem"
+std::string anItem(ItemType type) {
+    const std::string name{outlookstore::typeName(type)};
+    return (name.front() == 'A' ? "an " : "a ") + name;
+}
 
 const UserKindRow* userKindOf(const Json& type) {
     const auto number = readInteger(type);
@@ -131,7 +141,7 @@ bool ItemReader::chooseFolder(const Json& object, NewItem& item) {
     return true;
 }
 
-/// Without a Class it is what the folder holds.
+/// It is what the folder holds; a Class may only say the same. (Distribution lists, which lie among contacts too, have none.)
 bool ItemReader::chooseType(const Json& object, NewItem& item) {
     try {
         item.type = outlookstore::findFolder(store_, item.folder)->defaultItemType();
@@ -142,11 +152,10 @@ bool ItemReader::chooseType(const Json& object, NewItem& item) {
     const auto given = object.find("Class");
     if (given == object.end()) return true;
     const auto number = readInteger(*given);
-    for (const ItemType type : kItemTypes) {
-        item.type = type;
-        if (number && number->toInteger() == static_cast<std::int32_t>(outlookstore::classOf(type))) return true;
-    }
-    fault("has a Class that is none of 40 (contact), 26 (appointment), 48 (task) and 43 (mail)");
+    const auto fits = static_cast<std::int32_t>(outlookstore::classOf(item.type));
+    if (number && number->toInteger() == fits) return true;
+    fault("has a Class other than " + std::to_string(fits) + ", and its folder takes " +
+          std::string{outlookstore::typeName(item.type)} + "s only");
     return false;
 }
 
@@ -154,20 +163,29 @@ void ItemReader::readProperty(const std::string& name, const Json& value, NewIte
     const PropertyTable& table = PropertyTable::of(item.type);
     const auto index = table.find(name);
     if (!index) {
-        fault(std::string{"has \""}
-                  .append(name)
-                  .append("\", which is no property of a ")
-                  .append(outlookstore::typeName(item.type)));
+        fault("has " + inQuotes(name) + ", which is no property of " + anItem(item.type));
         return;
     }
     const auto& row = table.rows()[*index];
     if (row.access == PropertyAccess::readOnly || value.is_null()) return;
     const auto* const kind =
         std::find_if(std::begin(kKinds), std::end(kKinds), [&](const KindRow& known) { return known.kind == row.kind; });
-    if (auto read = kind->read(value))
-        item.properties.emplace_back(row.name, std::move(*read));
+    auto read = kind->read(value);
+    const bool isNumber = row.kind == PropertyKind::integer;
+    if (read && (!isNumber || isWithin(rangeOf(row.name), *read))) {
+        addProperty(row.name, std::move(*read), item);
+        return;
+    }
+    fault("has a value for " + std::string{row.name} + ", which takes " +
+          (isNumber ? wordsOf(rangeOf(row.name)) : std::string{kind->expected}));
+}
+
+void ItemReader::addProperty(std::string_view name, Variant value, NewItem& item) {
+    const auto* const text = std::get_if<std::string>(&value.value());
+    if (const std::string why = text != nullptr ? faultOfText(name, *text) : std::string{}; !why.empty())
+        fault("has a text for " + std::string{name} + " that " + why);
     else
-        fault("has a value for " + std::string{row.name} + ", which takes " + std::string{kind->expected});
+        item.properties.emplace_back(name, std::move(value));
 }
 
 void ItemReader::readUserProperties(const Json& values, NewItem& item) {
@@ -180,27 +198,38 @@ void ItemReader::readUserProperties(const Json& values, NewItem& item) {
 
 void ItemReader::readUserProperty(const Json& value, NewItem& item) {
     const auto part = [&](const char* key) { return value.is_object() && value.contains(key) ? value.at(key) : Json{}; };
-    const Json name = part("name");
+    const Json nameGiven = part("name");
+    const std::string name = nameGiven.is_string() ? nameGiven.get<std::string>() : std::string{};
     const UserKindRow* const kind = userKindOf(part("type"));
-    if (!name.is_string() || withoutWhiteSpaceAround(name.get<std::string>()).empty() || kind == nullptr) {
-        fault("has a user property without a name or a type of 1 (text), 3 (number), 5 (moment) or 6 (true or false)");
+    if (!faultOfName(name).empty() || kind == nullptr) {
+        fault("has a user property without a usable name or a type of 1 (text), 3 (number), 5 (moment) or 6 (true or false)");
         return;
     }
-    const auto isSame = [&](const auto& known) { return equalsTextually(known.name, name.get<std::string>()); };
+    const auto isSame = [&](const auto& known) { return equalsTextually(known.name, name); };
     if (std::any_of(item.userProperties.begin(), item.userProperties.end(), isSame)) {
-        fault("has the user property " + name.get<std::string>() + " twice");
+        fault("has the user property " + inQuotes(name) + " twice");
         return;
     }
     const Json given = part("value");
     auto read = given.is_null() ? std::optional<Variant>{Variant{}} : kind->read(given);
-    if (read)
-        item.userProperties.push_back({name.get<std::string>(), kind->type, std::move(*read)});
+    if (!read)
+        fault("has the user property " + inQuotes(name) + ", which takes " + std::string{kind->expected});
+    else if (const std::string why = given.is_string() ? faultOfText(name, given.get_ref<const std::string&>()) : "";
+             !why.empty())
+        fault("has the user property " + inQuotes(name) + " with a text that " + why);
     else
-        fault("has the user property " + name.get<std::string>() + ", which takes " + std::string{kind->expected});
+        item.userProperties.push_back({name, kind->type, std::move(*read)});
 }
 
 void ItemReader::fault(std::string_view sentence) {
-    faults_.push_back("Item " + std::to_string(position_) + " " + std::string{sentence});
+    if (++faultCount_ <= kMostFaults) faults_.push_back("Item " + std::to_string(position_) + " " + std::string{sentence});
+}
+
+std::vector<std::string> ItemReader::faults() const {
+    std::vector<std::string> told = faults_;
+    if (faultCount_ > kMostFaults)
+        told.push_back("There are " + std::to_string(faultCount_ - kMostFaults) + " more faults like these");
+    return told;
 }
 
 }  // namespace wmoutlook

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/headless/ProgramEnd.h"
+#include "apps/tallowsync/run/RunEnd.h"
 #include "apps/tallowsync/run/WrittenRecords.h"
 #include "platform/HostDatabase.h"
 
@@ -13,10 +13,10 @@ namespace wmoutlook {
 
 /// A host database that passes every call on and keeps which records were written: rows of the tables that have an identity of
 /// their own (clients, categories, calendar, schemes) and links. Rows that hang on those (notes, options) are not listed. Once the
-/// program's end is decided, the next call but a closing one unwinds the run.
+/// run is to end, the next call but a closing one unwinds it.
 class RecordingDatabase : public HostDatabase {
 public:
-    RecordingDatabase(std::shared_ptr<HostDatabase> inner, std::shared_ptr<ProgramEnd> end)
+    RecordingDatabase(std::shared_ptr<HostDatabase> inner, std::shared_ptr<RunEnd> end)
         : inner_(std::move(inner)), end_(std::move(end)) {}
 
     /// Each an object such as {"table": "Companies", "CompanyID": 12}.
@@ -73,7 +73,7 @@ private:
     };
 
     [[nodiscard]] HostDatabase& pass() const {
-        end_->unwindIfDecided();
+        end_->atCall();
         return *inner_;
     }
     [[nodiscard]] HostDatabase& moving(RecordsetHandle handle);
@@ -81,7 +81,7 @@ private:
     [[nodiscard]] Json currentRecord(RecordsetHandle handle, std::size_t table);
 
     std::shared_ptr<HostDatabase> inner_;
-    std::shared_ptr<ProgramEnd> end_;
+    std::shared_ptr<RunEnd> end_;
     std::unordered_map<RecordsetHandle, OpenSet> sets_;
     WrittenRecords rows_;
 };

@@ -22,7 +22,7 @@ public:
 
 protected:
     [[nodiscard]] Port& pass() const {
-        record_->end->unwindIfDecided();
+        record_->end->atCall();
         return *inner_;
     }
     template <class Wrapper, class Object>

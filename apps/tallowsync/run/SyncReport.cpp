@@ -74,6 +74,7 @@ Json toJson(const SyncReport& report) {
               {"written", {{"outlook", report.writtenInOutlook.toJson()}, {"host", report.writtenInHost.toJson()}}},
               {"seconds", std::round(report.seconds * 1000) / 1000}};
     if (report.isDryRun) json["dryRun"] = true;
+    if (report.stoppingSignal != 0) json["stopped"] = true;
     return json;
 }
 
@@ -86,6 +87,7 @@ void printReport(const SyncReport& report, std::ostream& out) {
 }
 
 ExitStatus statusOf(const SyncReport& report) {
+    if (report.stoppingSignal != 0) return stoppedBy(report.stoppingSignal);
     if (report.isEnded) return ExitStatus::ended;
     return report.errors.empty() && report.isConnected ? ExitStatus::done : ExitStatus::doneWithFailures;
 }

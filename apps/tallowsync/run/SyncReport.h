@@ -20,7 +20,8 @@ struct SyncReport {
     bool isDryRun = false;
     bool hasStartedOutlook = false;
     bool isConnected = false;
-    bool isEnded = false;  ///< by the error service
+    bool isEnded = false;    ///< by the error service
+    int stoppingSignal = 0;  ///< of a run that a signal has stopped
     std::vector<std::string> events;
     std::shared_ptr<ProgressRecord> progress;  ///< nothing when no dialog was shown
     std::int64_t yields = 0;

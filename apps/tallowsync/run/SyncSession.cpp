@@ -13,11 +13,14 @@
 #include "apps/tallowsync/items/Folders.h"
 #include "apps/tallowsync/run/RecordingDatabase.h"
 #include "apps/tallowsync/run/RecordingOutlook.h"
+#include "apps/tallowsync/run/RunEnd.h"
 #include "apps/tallowsync/run/SelectionLists.h"
 #include "component/PropertyTable.h"
 #include "component/clsOutlookSynchronization.h"
 #include "platform/Errors.h"
 
+#include <algorithm>
+#include <charconv>
 #include <chrono>
 #include <random>
 
@@ -52,6 +55,14 @@ void applySettings(const SyncRequest& request, clsOutlookSynchronization& compon
             throw UsageError{std::string{"--set: "} + error.what()};
         }
     }
+}
+
+bool isNumberWithoutName(const PublicProperty& property, std::string_view text) {
+    if (property.kind != PropertyKind::enumeration) return false;
+    std::int32_t number = 0;
+    if (std::from_chars(text.data(), text.data() + text.size(), number).ec != std::errc{}) return false;  // a name
+    const auto isIt = [&](const EnumerationValue& value) { return value.value == number; };
+    return std::none_of(property.enumeration.begin(), property.enumeration.end(), isIt);
 }
 
 struct FolderOfObjects {
@@ -122,9 +133,9 @@ private:
 
     const SyncRequest& request_;
     Console& console_;
-    std::shared_ptr<IdleMessageLoop> messageLoop_ = std::make_shared<IdleMessageLoop>();
+    std::shared_ptr<RunEnd> end_ = std::make_shared<RunEnd>(console_.stopSignal);
+    std::shared_ptr<IdleMessageLoop> messageLoop_ = std::make_shared<RunMessageLoop>(end_);
     Platform platform_ = platformFor(request_, messageLoop_);
-    std::shared_ptr<ProgramEnd> end_ = std::make_shared<ProgramEnd>();
     std::shared_ptr<OutlookRecord> outlookRecord_ = std::make_shared<OutlookRecord>();
     std::shared_ptr<outlook::port::Automation> store_;
     std::shared_ptr<outlook::port::MAPIFolder> folder_;
@@ -164,10 +175,8 @@ SyncReport SyncSession::run() {
         report_.hasStartedOutlook = component_->startOutlook();
         component_->synchronize();
         report_.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    } catch (const ProgramEnded&) {
-        report_.isEnded = true;
-    } catch (const HostUnwind&) {  // in this program's own use of a port
-        report_.isEnded = true;
+    } catch (const ProgramEnded&) {  // who has ended it is told by end_
+    } catch (const HostUnwind&) {    // the same, in this program's own use of a port
     }
     collect();
     return std::move(report_);
@@ -197,7 +206,7 @@ void SyncSession::listen() {
 }
 
 void SyncSession::handServices() {
-    errors_ = std::make_shared<ConsoleErrorService>(request_.onError, end_, [this](const ErrorReport& report) {
+    errors_ = std::make_shared<ConsoleErrorService>(request_.onError, end_->program(), [this](const ErrorReport& report) {
         tellFailure(console_, report.message + " (" + report.errorTag + ")");
     });
     messageBoxes_ =
@@ -217,7 +226,9 @@ void SyncSession::setOptions() {
         component_->outlookImportFolderStoreID(folder_->storeID());
         component_->outlookImportFolderEntryID(folder_->entryID());
     }
-    fillSelection(request_, *database_, *store_, *folder_, *component_->companyCollection, *component_->contactCollection);
+    const auto tell = [this](std::string_view sentence) { tellFailure(console_, sentence); };
+    fillSelection(request_, {*database_, *store_, *folder_, tell}, *component_->companyCollection,
+                  *component_->contactCollection);
     applySettings(request_, *component_);
 }
 
@@ -225,6 +236,8 @@ void SyncSession::collect() {
     report_.objects = component_->syncObjects();
     report_.direction = component_->syncDirectionType();
     report_.isDryRun = request_.isDryRun;
+    report_.stoppingSignal = end_->stoppingSignal();
+    report_.isEnded = end_->program()->isDecided() && report_.stoppingSignal == 0;
     report_.isConnected = component_->connectedToOutlook();
     report_.yields = messageLoop_->yields();
     report_.errors = errors_->reports();
@@ -252,15 +265,22 @@ SyncSession::~SyncSession() {
 
 }  // namespace
 
-void checkSettings(const SyncRequest& request) {
+void checkSettings(const SyncRequest& request, Console& console) {
     if (request.settings.empty()) return;
     clsOutlookSynchronization scratch{platformFor(request, std::make_shared<IdleMessageLoop>())};
     applySettings(request, scratch);
+    for (const auto& [name, text] : request.settings)
+        if (isNumberWithoutName(*findPublicProperty(name), text))
+            tellFailure(console, "--set: " + name + " has no value " + text + "; the component takes it all the same");
 }
 
 SyncReport runSync(const SyncRequest& request, Console& console) {
-    SyncSession session{request, console};
-    return session.run();
+    try {
+        SyncSession session{request, console};
+        return session.run();
+    } catch (const HostUnwind&) {  // while the sides were opened: only a signal can ask for the end as early as that
+        throw Stopped{console.stopSignal()};
+    }
 }
 
 }  // namespace wmoutlook

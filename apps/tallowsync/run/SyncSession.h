@@ -6,8 +6,9 @@
 
 namespace wmoutlook {
 
-/// Throws UsageError for a setting that no property of the component takes. Nothing is opened.
-void checkSettings(const SyncRequest& request);
+/// Throws UsageError for a setting that no property of the component takes, and tells a number that is none of the values of its
+/// enumeration: the component takes any. Nothing is opened.
+void checkSettings(const SyncRequest& request, Console& console);
 
 /// Opens both sides, does one run of the component between them and closes them again. Throws UsageError before anything is
 /// written, DatabaseError or OutlookError when a side cannot be opened.

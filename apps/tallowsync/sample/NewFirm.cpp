@@ -2,6 +2,7 @@
 
 #include "adapters/sql/SqliteDatabase.h"
 #include "apps/tallowsync/sample/Dice.h"
+#include "apps/tallowsync/sample/HalfMade.h"
 #include "hostdata/CategoryTables.h"
 
 #include <vector>
@@ -75,10 +76,13 @@ std::int32_t addStaffMember(Rows& rows, const FirmNumbers& numbers, const std::s
 
 void createFirm(const std::string& path, const FirmProfile& profile) {
     createSqliteDatabase(path);
+    HalfMade made;
+    made.madeDatabase(path);
     sample::Rows rows{path};
     const sample::FirmNumbers numbers = sample::addFirm(rows, profile);
     sample::addStaffMember(rows, numbers, profile.userFirstName, profile.userLastName, {});
     rows.commit();
+    made.keep();
 }
 
 }  // namespace wmoutlook

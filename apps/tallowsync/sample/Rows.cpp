@@ -3,6 +3,7 @@
 namespace wmoutlook::sample {
 
 std::int32_t Rows::add(std::string_view table, std::span<const Field> fields) {
+    passCheckpoint();
     columns_.clear();
     values_.clear();
     for (const Field& field : fields) {

@@ -3,6 +3,7 @@
 #include "adapters/headless/Machine.h"
 #include "adapters/outlookstore/OutlookStore.h"
 #include "adapters/sql/SqliteDatabase.h"
+#include "apps/tallowsync/sample/HalfMade.h"
 #include "apps/tallowsync/sample/Sample.h"
 #include "apps/tallowsync/sample/SampleOutlook.h"
 #include "platform/Errors.h"
@@ -23,9 +24,11 @@ SampleOptions withDefaults(SampleOptions options) {
     const bool isUnitedStates = options.country == country::kUnitedStates;
     if (options.province.empty()) options.province = isUnitedStates ? "NY" : "ON";
     options.province = upperCase(options.province);
-    if (options.companies < 0) throw std::invalid_argument("A sample firm cannot have fewer than no companies");
+    if (options.companies < 0 || options.companies > kMostSampleCompanies)
+        throw std::invalid_argument("--companies: a sample firm has from 0 to " + std::to_string(kMostSampleCompanies) +
+                                    " companies");
     if (sample::placesOf(options.country, options.province).empty())
-        throw std::invalid_argument("There is no " + std::string{isUnitedStates ? "state" : "province"} + " \"" +
+        throw std::invalid_argument("--province: there is no " + std::string{isUnitedStates ? "state" : "province"} + " \"" +
                                     options.province + "\"; give its two-letter code");
     return options;
 }
@@ -75,22 +78,27 @@ void fillFirm(sample::Sample& sample) {
 
 void createSample(const std::string& directory, const SampleOptions& options) {
     const SampleOptions complete = withDefaults(options);
-    fs::create_directories(directory);
+    complete.checkpoint();  // before anything is made
+    HalfMade made;
+    made.makeFolder(directory);
     const std::string firmFile = newFile(directory, "firm.db");
     const std::string outlookFile = newFile(directory, "outlook.db");
 
     const auto random = std::make_shared<SeededRandom>(complete.seed);
     sample::Dice dice{*random};
     createSqliteDatabase(firmFile);
-    sample::Rows rows{firmFile};
+    made.madeDatabase(firmFile);
+    sample::Rows rows{firmFile, complete.checkpoint};
     const sample::FirmNumbers numbers = addSampleFirm(rows, dice, complete, profileOf(complete, random));
     sample::Sample sample{complete, dice, rows, numbers};
     fillFirm(sample);
 
     createOutlookStore(outlookFile, *random);
+    made.madeDatabase(outlookFile);
     OutlookStoreOptions storeOptions;
     storeOptions.clock = std::make_shared<FixedClock>(complete.now);
     fillOutlook(sample, *openOutlookStore(outlookFile, storeOptions));
+    made.keep();
 }
 
 }  // namespace wmoutlook

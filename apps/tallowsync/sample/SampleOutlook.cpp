@@ -21,7 +21,8 @@ namespace property = outlook::property;
 
 using Properties = std::vector<std::pair<std::string_view, Variant>>;
 
-void addItem(outlook::port::Items& items, const Properties& properties) {
+void addItem(const Sample& sample, outlook::port::Items& items, const Properties& properties) {
+    sample.rows.passCheckpoint();
     const std::shared_ptr<outlook::port::Item> item = items.add(std::nullopt);
     for (const auto& [name, value] : properties) item->put(name, value);
     item->save();
@@ -65,7 +66,7 @@ void addStranger(Sample& sample, outlook::port::Items& contacts) {
                                              {property::WebPage, company.webSite}});
     properties.emplace_back(property::FileAs, hasPerson ? person.display : company.name);
     if (dice.chance(20)) properties.emplace_back(property::Categories, dice.chance(50) ? "Personal" : "Famille");
-    addItem(contacts, properties);
+    addItem(sample, contacts, properties);
 }
 
 /// A record of the firm that is filed under the same name, with older data.
@@ -80,7 +81,7 @@ void addAcquaintance(Sample& sample, outlook::port::Items& contacts, const Clien
         properties.emplace_back(property::HomeTelephoneNumber, makePhone(sample.dice, place));
     }
     properties.emplace_back(property::Categories, "Clients");
-    addItem(contacts, properties);
+    addItem(sample, contacts, properties);
 }
 
 void addContacts(Sample& sample, outlook::port::MAPIFolder& folder, std::int32_t count) {
@@ -106,39 +107,41 @@ void addOwnAppointment(Sample& sample, outlook::port::Items& calendar) {
     Dice& dice = sample.dice;
     const Date start = pickMoment(sample);
     if (dice.chance(20)) {
-        addItem(calendar, {{property::Subject, dice.pick(allDayTexts())},
-                           {"Start", dayOf(start)},
-                           {"End", addDays(dayOf(start), 1)},
-                           {"AllDayEvent", true}});
+        addItem(sample, calendar,
+                {{property::Subject, dice.pick(allDayTexts())},
+                 {"Start", dayOf(start)},
+                 {"End", addDays(dayOf(start), 1)},
+                 {"AllDayEvent", true}});
         return;
     }
     const CalendarText& text = dice.pick(appointmentTexts());
-    addItem(calendar, {{property::Subject, text.subject},
-                       {property::Body, text.notes},
-                       {"Start", start},
-                       {"End", Date{start.days + fromSecondsSinceDayZero(std::int64_t{1800} * dice.between(1, 4)).days}},
-                       {"Location", dice.chance(40) ? "Boardroom" : ""},
-                       {"ReminderSet", dice.chance(50)}});
+    addItem(sample, calendar,
+            {{property::Subject, text.subject},
+             {property::Body, text.notes},
+             {"Start", start},
+             {"End", Date{start.days + fromSecondsSinceDayZero(std::int64_t{1800} * dice.between(1, 4)).days}},
+             {"Location", dice.chance(40) ? "Boardroom" : ""},
+             {"ReminderSet", dice.chance(50)}});
 }
 
 void addAppointments(Sample& sample, outlook::port::MAPIFolder& folder, std::int32_t count) {
     const std::shared_ptr<outlook::port::Items> calendar = folder.items();
     for (const CalendarMatch& match : sample.appointments)
-        addItem(*calendar, {{property::Subject, match.subject}, {"Start", match.start}, {"End", match.end}});
+        addItem(sample, *calendar, {{property::Subject, match.subject}, {"Start", match.start}, {"End", match.end}});
     for (std::int32_t i = 0; i < count; ++i) addOwnAppointment(sample, *calendar);
 }
 
 void addTasks(Sample& sample, outlook::port::MAPIFolder& folder, std::int32_t count) {
     const std::shared_ptr<outlook::port::Items> tasks = folder.items();
     for (const CalendarMatch& match : sample.tasks)
-        addItem(*tasks, {{property::Subject, match.subject}, {"DueDate", dayOf(match.start)}});
+        addItem(sample, *tasks, {{property::Subject, match.subject}, {"DueDate", dayOf(match.start)}});
     for (std::int32_t i = 0; i < count; ++i) {
         const CalendarText& text = sample.dice.pick(taskTexts());
         Properties properties{
             {property::Subject, text.subject}, {property::Body, text.notes}, {"Complete", sample.dice.chance(25)}};
         // One in four has no date at all.
         if (!sample.dice.chance(25)) properties.emplace_back("DueDate", dayOf(pickMoment(sample)));
-        addItem(*tasks, properties);
+        addItem(sample, *tasks, properties);
     }
 }
 
