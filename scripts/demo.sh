@@ -44,6 +44,11 @@ links() { jq "[.written.host | (.created + .updated)[] | select(.table == \"Outl
 new_links() { written "$1" host created '.table == "OutlookSync"'; }
 failures() { jq '.errors | length' "$demo/$1"; }
 items_in() { jq length "$demo/$1"; }
+# shared REPORT: how many clients of the run have no item to themselves: each client has one link, and those of one name one item
+shared() {
+    jq '([.written.host | (.created + .updated)[] | select(.table == "OutlookSync")] | length)
+        - ([.written.outlook | (.created + .updated)[]] | length)' "$demo/$1"
+}
 
 list_items before.json
 sync_all first
@@ -58,7 +63,7 @@ Outlook's folder $contacts_folder had $(items_in before.json) items of its own.
 First run, all companies and contacts to Outlook:
   written        $(links first.json CompanyNum) companies and $(links first.json ContactNum) contacts
   in Outlook     $(written first.json outlook created) items created, $(written first.json outlook updated) that were there already updated
-  linked         $(new_links first.json) new links between the firm and Outlook
+  linked         $(new_links first.json) new links between the firm and Outlook; $(shared first.json) clients share the item of another of the same name
   failures       $(failures first.json)
   took           $(jq .seconds "$demo/first.json") seconds
 
