@@ -42,7 +42,7 @@ TEST_F(BadInput, RunsThatThisVersionHasNoPassFor) {
             {"sync", "--firm", file("firm.db"), "--outlook", file("outlook.db"), "--objects", objects, "--direction", direction},
             2, way);
     };
-    refuses("tasks", "to-outlook", "use --objects contacts");
+    refuses("tasks", "to-host", "use --direction to-outlook");
     refuses("contacts", "to-host", "use --direction to-outlook");
 }
 

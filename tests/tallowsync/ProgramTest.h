@@ -39,10 +39,10 @@ protected:
         return {status, out.str(), err.str()};
     }
 
-    /// Contacts to Outlook at a fixed time.
-    Result sync(const std::vector<std::string>& more = {}) {
-        std::vector<std::string> all{"sync",     "--firm",      file("firm.db"), "--outlook", file("outlook.db"),   "--objects",
-                                     "contacts", "--direction", "to-outlook",    "--now",     "2026-11-22T09:00:00"};
+    /// To Outlook at a fixed time.
+    Result sync(const std::vector<std::string>& more = {}, const std::string& objects = "contacts") {
+        std::vector<std::string> all{"sync",  "--firm",      file("firm.db"), "--outlook", file("outlook.db"),   "--objects",
+                                     objects, "--direction", "to-outlook",    "--now",     "2026-11-22T09:00:00"};
         all.insert(all.end(), more.begin(), more.end());
         return run(all);
     }

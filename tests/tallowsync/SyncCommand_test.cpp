@@ -72,6 +72,32 @@ TEST_F(SyncCommand, SecondRunUpdatesWhatTheFirstWroteAndCreatesNothing) {
     }
 }
 
+TEST_F(SyncCommand, CalendarOfTheChosenUsersIsCarriedAndKeptInStep) {
+    struct Case {
+        std::string objects, table, key, folder;
+    };
+    for (const Case& c :
+         {Case{"appointments", "Appointments", "AppointmentID", "Calendar"}, Case{"tasks", "Tasks", "TaskID", "Tasks"}}) {
+        SCOPED_TRACE(c.objects);
+        OtherProcess{file("firm.db")}.execute("UPDATE " + c.table + " SET TextBody = NULL, UserIDNum = 7 WHERE " + c.key +
+                                              " <= 3");
+        const std::size_t own = outlook({"list", "--folder", c.folder, "--json"}).json().size();
+        const Strings options{"--users", "7", "--set", "mvarUseAppointmentDateRange=false", "--json"};
+        const Json first = sync(options, c.objects).json();
+        EXPECT_EQ(first["objects"], c.objects);
+        EXPECT_EQ(first["errors"], Json::array());
+        EXPECT_EQ(first["written"]["outlook"]["created"].size(), 3U);
+        EXPECT_EQ(first["progress"]["maximum"], 3);
+        EXPECT_EQ(outlook({"list", "--folder", c.folder, "--json"}).json().size(), own + 3);
+
+        OtherProcess{file("firm.db")}.execute("DELETE FROM " + c.table + " WHERE " + c.key + " = 2");
+        const Json second = sync(options, c.objects).json()["written"]["outlook"];
+        EXPECT_EQ(second["created"].size(), 0U);
+        EXPECT_EQ(second["updated"].size(), 2U);
+        EXPECT_EQ(second["deleted"], (Json{first["written"]["outlook"]["created"][1]}));
+    }
+}
+
 TEST_F(SyncCommand, CreatedItemsAreInTheStoreUnderTheirIdentifiers) {
     EXPECT_EQ(outlook({"add-folder", "Contacts/Clients", "--type", "contacts"}).status, 0);
     const Json written = sync({"--contacts", "all", "--folder", "contacts/clients", "--json"}).json()["written"]["outlook"];

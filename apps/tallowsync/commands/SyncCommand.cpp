@@ -105,10 +105,8 @@ std::optional<std::string> checkedDataFile(const std::optional<std::string>& ide
 
 /// A run that the component has no pass for would end well and do nothing: said at once instead.
 void refuseWithoutPass(const SyncRequest& request) {
-    const bool areContacts = request.objects == outlookSyncObjectsEnum::syncContacts;
-    const bool isImport = request.direction == outlookSyncTypeEnum::syncFromOutlookToTallowbrook;
-    if (!areContacts) throw UsageError{"--objects: this version carries contacts only; use --objects contacts"};
-    if (isImport) throw UsageError{"--direction: this version carries contacts to Outlook only; use --direction to-outlook"};
+    if (request.direction == outlookSyncTypeEnum::syncFromOutlookToTallowbrook)
+        throw UsageError{"--direction: this version carries nothing to the host yet; use --direction to-outlook"};
 }
 
 SyncRequest requestOf(const SyncTexts& texts) {
