@@ -1,6 +1,7 @@
 #include "adapters/outlookstore/OutlookStore.h"
 #include "adapters/outlookstore/StoreListing.h"
 #include "apps/tallowsync/Command.h"
+#include "apps/tallowsync/OptionTexts.h"
 #include "apps/tallowsync/PlainText.h"
 #include "apps/tallowsync/items/Folders.h"
 #include "apps/tallowsync/items/ItemJson.h"
@@ -8,6 +9,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <functional>
 #include <iomanip>
 #include <map>
 #include <memory>
@@ -80,33 +82,50 @@ Action declareAddFolder(CLI::App& line) {
 
 // list
 
+struct ListOptions {
+    std::optional<std::string> folder;
+    std::vector<std::string> expand;  ///< the first day and the last
+    bool asJson = false;
+};
+
+void visitItems(Automation& store, const ListOptions& options,
+                const std::function<void(const outlookstore::ListedItem&)>& visit) {
+    if (options.expand.empty()) {
+        outlookstore::forEachItem(store, options.folder, visit);
+        return;
+    }
+    const Date first = moment("--expand", options.expand.front());
+    const Date last = moment("--expand", options.expand.back());
+    if (isEarlier(last, first)) throw UsageError{"--expand ends on a day before it begins; give the first day, then the last"};
+    outlookstore::forEachOccurrence(store, options.folder, first, last, visit);
+}
+
 /// One element at a time, so that a large folder never lies in memory as a whole.
-void printItemsAsJson(Automation& store, std::optional<std::string_view> folder, std::ostream& out) {
+void printItemsAsJson(Automation& store, const ListOptions& options, std::ostream& out) {
     const char* separator = "[\n";
-    outlookstore::forEachItem(store, folder, [&](const outlookstore::ListedItem& item) {
+    visitItems(store, options, [&](const outlookstore::ListedItem& item) {
         out << separator << jsonText(itemToJson(item));
         separator = ",\n";
     });
     out << (*separator == '[' ? "[]\n" : "\n]\n");
 }
 
-struct ListOptions {
-    std::optional<std::string> folder;
-    bool asJson = false;
-};
-
 Action declareList(CLI::App& line) {
     const auto options = std::make_shared<ListOptions>();
     line.add_option("--folder", options->folder, "Only the items of this folder, by its path as 'folders' shows it");
+    line.add_option("--expand", options->expand,
+                    "The appointments that start on the days FROM to TO, such as 2026-11-01 2026-11-30, each occurrence of a "
+                    "series for itself")
+        ->expected(2)
+        ->type_name("FROM TO");
     line.add_flag("--json", options->asJson, "Print JSON: all that is set, by Outlook's names");
     return [&line, options](Console& console) {
         const auto store = storeOf(line);
         if (options->folder) static_cast<void>(requireFolder(*store, *options->folder));
         if (options->asJson)
-            printItemsAsJson(*store, options->folder, console.out);
+            printItemsAsJson(*store, *options, console.out);
         else
-            outlookstore::forEachItem(*store, options->folder,
-                                      [&](const auto& item) { console.out << itemToLine(item) << '\n'; });
+            visitItems(*store, *options, [&](const auto& item) { console.out << itemToLine(item) << '\n'; });
         return ExitStatus::done;
     };
 }

@@ -1,6 +1,7 @@
 #include "apps/tallowsync/items/ItemJson.h"
 
 #include "apps/tallowsync/PlainText.h"
+#include "apps/tallowsync/items/RecurrenceJson.h"
 #include "platform/Errors.h"
 
 namespace wmoutlook {
@@ -48,6 +49,7 @@ Json itemToJson(const ListedItem& item) {
         userProperties.push_back({{"name", property.name},
                                   {"type", static_cast<std::int32_t>(property.type)},
                                   {"value", valueToJson(property.value, PropertyKind::moment)}});
+    if (item.recurrence) json["Recurrence"] = recurrenceToJson(*item.recurrence);
     return json;
 }
 
@@ -59,9 +61,7 @@ std::string itemToLine(const ListedItem& item) {
     return item.entryID + "  " + std::string{nameOf(item.type)} + "  " + onOneLine(title);
 }
 
-namespace {
-
-std::shared_ptr<outlook::port::Item> addItem(outlook::port::Automation& store, const NewItem& item) {
+std::shared_ptr<outlook::port::Item> makeItem(outlook::port::Automation& store, const NewItem& item) {
     const auto added = outlookstore::findFolder(store, item.folder)->items()->add(item.type);
     for (const auto& [name, value] : item.properties) added->put(name, value);
     const auto userProperties = added->userProperties();
@@ -69,9 +69,11 @@ std::shared_ptr<outlook::port::Item> addItem(outlook::port::Automation& store, c
         const auto userProperty = userProperties->add(property.name, property.type, false);
         if (!property.value.isNull()) userProperty->setValue(property.value);
     }
-    added->save();
+    if (item.recurrence) outlookstore::setRecurrence(*added, *item.recurrence);
     return added;
 }
+
+namespace {
 
 /// What was added so far, to be deleted again unless it is kept.
 class AddedItems {
@@ -101,7 +103,8 @@ std::vector<std::string> addItems(outlook::port::Automation& store, const std::v
     std::vector<std::string> entryIDs;
     for (const NewItem& item : items) {
         checkpoint();
-        auto saved = addItem(store, item);
+        auto saved = makeItem(store, item);
+        saved->save();
         entryIDs.push_back(saved->get("EntryID").toText());
         added.add(std::move(saved));
     }

@@ -4,6 +4,7 @@
 #include "apps/tallowsync/Json.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,7 +12,7 @@
 #include <vector>
 
 /// Outlook items as JSON: an object with EntryID, StoreID, Folder, Class (Outlook's number), the properties that are set, by
-/// Outlook's names, and UserProperties.
+/// Outlook's names, UserProperties, and the Recurrence of a series.
 namespace wmoutlook {
 
 [[nodiscard]] Json itemToJson(const outlookstore::ListedItem& item);
@@ -24,6 +25,7 @@ struct NewItem {
     std::string folder;
     std::vector<std::pair<std::string, Variant>> properties;
     std::vector<outlookstore::ListedUserProperty> userProperties;
+    std::optional<outlookstore::Recurrence> recurrence;
 };
 
 /// Reads the shape that itemToJson writes: an array of items or one item alone. Identifiers, and properties that cannot be
@@ -47,6 +49,7 @@ private:
     bool chooseType(const Json& object, NewItem& item);
     void readProperty(const std::string& name, const Json& value, NewItem& item);
     void addProperty(std::string_view name, Variant value, NewItem& item);
+    void readRecurrence(const Json& value, NewItem& item);
     void readUserProperties(const Json& values, NewItem& item);
     void readUserProperty(const Json& value, NewItem& item);
     void fault(std::string_view sentence);
@@ -58,6 +61,9 @@ private:
     std::vector<std::string> faults_;
     std::size_t faultCount_ = 0;
 };
+
+/// The item in its folder, not saved yet.
+[[nodiscard]] std::shared_ptr<outlook::port::Item> makeItem(outlook::port::Automation& store, const NewItem& item);
 
 /// Saves all items and gives their identifiers, or none: when one cannot be saved, those before it are deleted again and the
 /// failure goes on. `checkpoint` is called before each and may throw too.

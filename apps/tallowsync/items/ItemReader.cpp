@@ -1,6 +1,7 @@
 #include "apps/tallowsync/items/ItemJson.h"
 
 #include "apps/tallowsync/PlainText.h"
+#include "apps/tallowsync/items/RecurrenceJson.h"
 #include "apps/tallowsync/items/ValueLimits.h"
 #include "platform/Errors.h"
 #include "platform/Text.h"
@@ -20,7 +21,7 @@ using outlookstore::PropertyTable;
 
 /// What `list` prints beside the properties of an item.
 bool isNoProperty(std::string_view key) {
-    constexpr std::string_view kKeys[] = {"EntryID", "StoreID", "Folder", "Class", "UserProperties"};
+    constexpr std::string_view kKeys[] = {"EntryID", "StoreID", "Folder", "Class", "UserProperties", "Recurrence"};
     return std::any_of(std::begin(kKeys), std::end(kKeys), [&](std::string_view known) { return known == key; });
 }
 
@@ -128,6 +129,7 @@ void ItemReader::readItem(const Json& object) {
     for (const auto& [name, value] : object.items())
         if (!isNoProperty(name)) readProperty(name, value, item);
     if (const auto values = object.find("UserProperties"); values != object.end()) readUserProperties(*values, item);
+    if (const auto value = object.find("Recurrence"); value != object.end() && !value->is_null()) readRecurrence(*value, item);
     items_.push_back(std::move(item));
 }
 
@@ -186,6 +188,21 @@ void ItemReader::addProperty(std::string_view name, Variant value, NewItem& item
         fault("has a text for " + std::string{name} + " that " + why);
     else
         item.properties.emplace_back(name, std::move(value));
+}
+
+/// The store tells whether the item can recur so; what it is given is not saved.
+void ItemReader::readRecurrence(const Json& value, NewItem& item) {
+    std::string why;
+    item.recurrence = recurrenceFromJson(value, why);
+    if (!item.recurrence) {
+        fault(why);
+        return;
+    }
+    try {
+        static_cast<void>(makeItem(store_, item));
+    } catch (const OutlookError& error) {
+        fault(std::string{"has a Recurrence that cannot be taken. "} + error.what());
+    }
 }
 
 void ItemReader::readUserProperties(const Json& values, NewItem& item) {

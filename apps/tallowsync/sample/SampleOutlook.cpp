@@ -2,6 +2,7 @@
 
 #include "apps/tallowsync/sample/MadeUpCompany.h"
 #include "apps/tallowsync/sample/Names.h"
+#include "apps/tallowsync/sample/SampleSeries.h"
 #include "apps/tallowsync/sample/SampleText.h"
 #include "platform/outlook/PropertyNames.h"
 
@@ -152,8 +153,11 @@ void fillOutlook(Sample& sample, outlook::port::Automation& store) {
     const auto grown = static_cast<std::int32_t>(6 * std::sqrt(static_cast<double>(sample.options.companies)));
     const std::int32_t count = std::min(20 + grown, 400);
     addContacts(sample, *session->getDefaultFolder(DefaultFolder::contacts), count);
-    addAppointments(sample, *session->getDefaultFolder(DefaultFolder::calendar), count / 2);
-    addTasks(sample, *session->getDefaultFolder(DefaultFolder::tasks), count / 3);
+    const auto calendar = session->getDefaultFolder(DefaultFolder::calendar);
+    const auto tasks = session->getDefaultFolder(DefaultFolder::tasks);
+    addAppointments(sample, *calendar, count / 2);
+    addTasks(sample, *tasks, count / 3);
+    addSeries(sample, *calendar, *tasks);
 }
 
 }  // namespace wmoutlook::sample
