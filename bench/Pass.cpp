@@ -3,6 +3,7 @@
 #include "adapters/headless/DiskFiles.h"
 #include "adapters/headless/FirmLocale.h"
 #include "adapters/headless/Machine.h"
+#include "adapters/headless/PrivateProfileFile.h"
 #include "adapters/headless/WorkingFolders.h"
 #include "adapters/outlookstore/OutlookStore.h"
 #include "adapters/sql/SqliteDatabase.h"
@@ -76,6 +77,8 @@ struct Pass::Host {
         platform.random = std::make_shared<SeededRandom>(1);
         platform.messageLoop = messageLoop;
         platform.files = std::make_shared<DiskFiles>();
+        platform.privateProfile = std::make_shared<PrivateProfileFile>();
+        platform.programFolder = folderOfThisProgram();
         platform.outlook = openOutlookStore(files.outlook, options);
         platform.newWorkingFolder = [] { return std::make_shared<TemporaryWorkingFolder>(); };
         platform.newProgressDialog = [] { return nullptr; };

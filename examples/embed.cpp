@@ -5,6 +5,7 @@
 #include "adapters/headless/FirmLocale.h"
 #include "adapters/headless/HostRows.h"
 #include "adapters/headless/Machine.h"
+#include "adapters/headless/PrivateProfileFile.h"
 #include "adapters/headless/WorkingFolders.h"
 #include "adapters/outlookstore/OutlookStore.h"
 #include "adapters/sql/SqliteDatabase.h"
@@ -34,6 +35,8 @@ Platform machine(const std::string& outlookFile) {
     platform.random = std::make_shared<SeededRandom>(1);
     platform.messageLoop = std::make_shared<IdleMessageLoop>();
     platform.files = std::make_shared<DiskFiles>();
+    platform.privateProfile = std::make_shared<PrivateProfileFile>();
+    platform.programFolder = folderOfThisProgram();
     platform.outlook = openOutlookStore(outlookFile);
     platform.newWorkingFolder = [] { return std::make_shared<TemporaryWorkingFolder>(); };
     platform.newProgressDialog = [] { return nullptr; };  // this host sets showProgress to false

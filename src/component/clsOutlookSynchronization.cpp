@@ -63,6 +63,8 @@ clsOutlookSynchronization::~clsOutlookSynchronization() {
 void clsOutlookSynchronization::createHelpers() {
     HostServices& services = hostServices();
     services.files = platform_.files;
+    services.privateProfile = platform_.privateProfile;
+    services.programFolder = platform_.programFolder;
     services.clock = platform_.clock;
     services.random = platform_.random;
     services.messageLoop = platform_.messageLoop;
@@ -119,9 +121,12 @@ void clsOutlookSynchronization::WorkingFolderReference(std::shared_ptr<WorkingFo
         hostServices().workingFolder = service;
         if (!service) return;
         // A folder that cannot be told leaves the settings file where it was.
-        const auto folder = statement(
-            [&]() -> std::optional<std::string> { return hostServices().files->normalizeFolder(service->workingFolderPath()); });
-        if (folder) settingsFile()->filePath(*folder + std::string{clsINI::kFileName});
+        const auto path = statement([&]() -> std::optional<std::string> {
+            FileHelper& files = *hostServices().files;
+            const std::string folder = files.normalizeFolder(service->workingFolderPath());
+            return folder + std::string{clsINI::kFileName} + files.suffixForFolder(folder);
+        });
+        if (path) settingsFile()->iniFile(*path);
     });
 }
 

@@ -19,6 +19,8 @@ struct HostServices {
     std::shared_ptr<LocaleService> locale;
     std::shared_ptr<WorkingFolderService> workingFolder;
     std::shared_ptr<FileHelper> files;
+    std::shared_ptr<PrivateProfile> privateProfile;
+    std::string programFolder;
     std::shared_ptr<Clock> clock;
     std::shared_ptr<RandomSource> random;
     std::shared_ptr<MessageLoop> messageLoop;

@@ -2,6 +2,7 @@
 
 #include "platform/Date.h"
 #include "platform/FileHelper.h"
+#include "platform/PrivateProfile.h"
 #include "platform/ProgressDialog.h"
 #include "platform/Services.h"
 #include "platform/outlook/ObjectModel.h"
@@ -9,6 +10,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace wmoutlook {
 
@@ -37,6 +39,8 @@ struct Platform {
     std::shared_ptr<RandomSource> random;
     std::shared_ptr<MessageLoop> messageLoop;
     std::shared_ptr<FileHelper> files;
+    std::shared_ptr<PrivateProfile> privateProfile;
+    std::string programFolder;  ///< where the host's program lies, with its pictures below it
     std::shared_ptr<outlook::port::Automation> outlook;
     std::function<std::shared_ptr<WorkingFolderService>()> newWorkingFolder;
     std::function<std::shared_ptr<ProgressDialog>()> newProgressDialog;

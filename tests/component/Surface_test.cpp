@@ -78,7 +78,7 @@ TEST_F(Surface, ServiceThatCannotAnswerLeavesWhatWasThere) {
     component.LocaleReference(mute);
     component.WorkingFolderReference(mute);
     component.DatabaseReference(host.database);
-    EXPECT_EQ(settingsFile()->filePath(), "/work/Tbinitbd.dni");
+    EXPECT_EQ(settingsFile()->iniFile(), "/work/Tbinitbd.dni1");
     const RecordsetHandle rows =
         host.database->openRecordset("SELECT UserGeneralSettings.* FROM UserGeneralSettings;", LockCode::readOnly);
     EXPECT_FALSE(host.database->hasRows(rows));  // no settings for a user that nobody knows
@@ -119,7 +119,7 @@ TEST_F(Surface, SecondWayToSetTheDatabaseHasNoSideEffects) {
 TEST_F(Surface, WorkingFolderNamesTheSettingsFile) {
     clsOutlookSynchronization component{host.platform()};
     component.WorkingFolderReference(std::make_shared<TestWorkingFolder>());
-    EXPECT_EQ(settingsFile()->filePath(), "/work/Tbinitbd.dni");
+    EXPECT_EQ(settingsFile()->iniFile(), "/work/Tbinitbd.dni1");
 }
 
 TEST_F(Surface, ResetTouchesTheOptionsOfASchemeAndNothingElse) {

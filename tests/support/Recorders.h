@@ -162,4 +162,19 @@ public:
     std::string suffixForFolder(std::string_view) override { return "1"; }
 };
 
+/// Settings that are not there and are never kept.
+class TestProfile : public PrivateProfile {
+public:
+    ProfileAnswer readKey(std::string_view, std::string_view, std::string_view fallback, std::size_t,
+                          const std::string&) override {
+        return {std::string{fallback}, SettingsError::kNotFound};
+    }
+    ProfileAnswer sectionNames(std::string_view fallback, std::size_t, const std::string&) override {
+        return {std::string{fallback}, SettingsError::kNotFound};
+    }
+    ProfileAnswer keyNames(std::string_view, std::size_t, const std::string&) override { return {{}, SettingsError::kNotFound}; }
+    void write(std::string_view, std::optional<std::string_view>, std::optional<std::string_view>, const std::string&) override {}
+    void makeFile(std::string_view, IfThere, const std::string&) override {}
+};
+
 }  // namespace wmoutlook::testing

@@ -130,6 +130,7 @@ Platform TestHost::platform() {
     platform.random = std::make_shared<TestRandom>();
     platform.messageLoop = messageLoop;
     platform.files = std::make_shared<TestFiles>();
+    platform.privateProfile = std::make_shared<TestProfile>();
     platform.outlook = outlookStore;
     platform.newWorkingFolder = [] { return std::make_shared<TestWorkingFolder>(); };
     platform.newProgressDialog = [this] { return dialog = std::make_shared<TestProgressDialog>(faults); };

@@ -6,6 +6,7 @@
 #include "adapters/headless/FirmLocale.h"
 #include "adapters/headless/HostRows.h"
 #include "adapters/headless/Machine.h"
+#include "adapters/headless/PrivateProfileFile.h"
 #include "adapters/headless/WorkingFolders.h"
 #include "adapters/outlookstore/OutlookStore.h"
 #include "adapters/outlookstore/StoreListing.h"
@@ -40,6 +41,8 @@ Platform platformFor(const SyncRequest& request, std::shared_ptr<MessageLoop> me
     platform.random = std::make_shared<SeededRandom>(request.seed.value_or(std::random_device{}()));
     platform.messageLoop = std::move(messageLoop);
     platform.files = std::make_shared<DiskFiles>();
+    platform.privateProfile = std::make_shared<PrivateProfileFile>();
+    platform.programFolder = folderOfThisProgram();
     platform.newWorkingFolder = [folder = std::make_shared<TemporaryWorkingFolder>()] { return folder; };
     return platform;
 }

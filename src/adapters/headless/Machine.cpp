@@ -1,6 +1,8 @@
 #include "adapters/headless/Machine.h"
 
 #include <ctime>
+#include <filesystem>
+#include <system_error>
 
 namespace wmoutlook {
 
@@ -14,6 +16,12 @@ Date SystemClock::now() {
 #endif
     return makeDate({local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec % 60})
         .value_or(Date{});
+}
+
+std::string folderOfThisProgram() {
+    std::error_code error;
+    const std::u8string folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path().generic_u8string();
+    return {folder.begin(), folder.end()};
 }
 
 double SeededRandom::next() {

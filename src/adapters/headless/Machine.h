@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <random>
+#include <string>
 
 namespace wmoutlook {
 
@@ -32,6 +33,9 @@ public:
 private:
     std::mt19937_64 engine_;
 };
+
+/// The folder of the program that is running; empty when the system does not tell.
+[[nodiscard]] std::string folderOfThisProgram();
 
 /// A message loop without events: it only counts how often a run yields to it.
 class IdleMessageLoop : public MessageLoop {
