@@ -37,5 +37,6 @@ void addCommands(CLI::App& parent, std::span<const Command> commands, ChosenComm
 [[nodiscard]] std::span<const Command> fileCommands();
 [[nodiscard]] std::span<const Command> outlookCommands();
 [[nodiscard]] std::span<const Command> syncCommands();
+[[nodiscard]] std::span<const Command> settingsCommands();
 
 }  // namespace wmoutlook

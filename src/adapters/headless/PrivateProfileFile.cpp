@@ -6,6 +6,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 namespace wmoutlook {
@@ -56,7 +57,7 @@ auto told(const char* what, const std::string& file, Work work) {
 
 ProfileText textOf(std::string_view bytes) {
     if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))
-        throw FileFault{SettingsError::kRefused, "It is in UTF-16; save it in the ANSI code page"};
+        throw FileFault{EILSEQ, "It is in UTF-16; save it in the ANSI code page"};
     return ProfileText{bytes};
 }
 

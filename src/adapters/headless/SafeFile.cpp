@@ -72,7 +72,7 @@ std::optional<OpenFile> openForReading(const std::string& path) {
     OpenFile file{require(descriptor)};
     const mode_t mode = statusOf(file).st_mode;
     if (S_ISDIR(mode)) fail(EISDIR);
-    if (!S_ISREG(mode)) throw FileFault{EINVAL, "It is no regular file"};
+    if (!S_ISREG(mode)) throw FileFault{ENODEV, "It is no regular file"};
     return file;
 }
 

@@ -1,0 +1,200 @@
+#include "adapters/headless/DiskFiles.h"
+#include "adapters/headless/Machine.h"
+#include "adapters/headless/PrivateProfileFile.h"
+#include "adapters/headless/WorkingFolders.h"
+#include "apps/tallowsync/Command.h"
+#include "apps/tallowsync/Json.h"
+#include "apps/tallowsync/PlainText.h"
+#include "hostdata/HostServices.h"
+#include "platform/Routine.h"
+#include "settings/clsINI.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+namespace wmoutlook {
+
+namespace {
+
+/// Keeps the first failure; nothing is done behind it.
+class FirstFailure : public ErrorService {
+public:
+    void enterFunction(std::string_view) override {}
+    void leaveFunction() override {}
+    ErrorAnswer reportError(const ErrorReport& report) override {
+        if (!first_) first_ = report;
+        return ErrorAnswer::leaveRoutine;
+    }
+    void throwIfAny() const {
+        if (!first_) return;
+        if (first_->number == SettingsError::kRefused) throw UsageError{first_->message};
+        throw InputError{first_->message};
+    }
+
+private:
+    std::optional<ErrorReport> first_;
+};
+
+/// Before: what may be there when a command names the file to the component, which makes one that is not there.
+enum class Before { isThere, isNotThere, either };
+
+/// The settings file as a host has it: in its working folder, with the host's services.
+class SettingsHost {
+public:
+    SettingsHost(const std::string& path, Before before) {
+        requireBefore(path, before);
+        HostServices& services = hostServices();
+        services.files = std::make_shared<DiskFiles>();
+        services.privateProfile = std::make_shared<PrivateProfileFile>();
+        services.workingFolder = std::make_shared<FixedWorkingFolder>(std::filesystem::absolute(path).parent_path().string());
+        services.programFolder = folderOfThisProgram();
+        setErrorService(failure_);
+        settings.iniFile(path);
+        failure_->throwIfAny();
+    }
+    ~SettingsHost() {
+        setErrorService(nullptr);
+        hostServices() = {};
+    }
+    SettingsHost(const SettingsHost&) = delete;
+    SettingsHost& operator=(const SettingsHost&) = delete;
+
+    void requireDone() const { failure_->throwIfAny(); }
+
+    clsINI settings;
+
+private:
+    static void requireBefore(const std::string& path, Before before) {
+        const bool isThere = std::filesystem::exists(path);
+        if (before == Before::isThere && !isThere)
+            throw InputError{inQuotes(path) + " is not there; 'tallowsync settings FILE new' makes it"};
+        if (before == Before::isNotThere && isThere) throw InputError{inQuotes(path) + " is there already and was left alone"};
+    }
+
+    std::shared_ptr<FirstFailure> failure_ = std::make_shared<FirstFailure>();
+};
+
+struct SettingsTexts {
+    std::string section, key, value;
+    bool asJson = false;
+};
+
+/// One command: its positional options have been declared; `work` gives the result as JSON and as lines.
+struct Result {
+    Json json;
+    std::string lines;
+};
+
+using Work = Result (*)(clsINI& settings, const SettingsTexts& texts);
+
+Action settingsAction(CLI::App& line, const std::shared_ptr<SettingsTexts>& texts, Before before, Work work) {
+    line.add_flag("--json", texts->asJson, "Print JSON");
+    return [&line, texts, before, work](Console& console) {
+        SettingsHost host{line.get_parent()->get_option("FILE")->as<std::string>(), before};
+        const Result result = work(host.settings, *texts);
+        host.requireDone();
+        console.out << (texts->asJson ? jsonText(result.json, 2) + '\n' : result.lines);
+        return ExitStatus::done;
+    };
+}
+
+void declareSectionAndKey(CLI::App& line, SettingsTexts& texts) {
+    line.add_option("SECTION", texts.section, "The section, such as WindowSettings")->required();
+    line.add_option("KEY", texts.key, "The key, such as BackgroundType")->required();
+}
+
+Result namesResult(Json json, const char* key, std::string_view names) {
+    Result result{std::move(json), {}};
+    result.json[key] = Json::array();
+    while (!names.empty()) {
+        const std::size_t end = std::min(names.find('\0'), names.size());
+        const std::string name{names.substr(0, end)};
+        result.json[key].push_back(name);
+        result.lines += onOneLine(name) + '\n';
+        names.remove_prefix(std::min(end + 1, names.size()));
+    }
+    return result;
+}
+
+Action declareGroup(CLI::App& line) {
+    line.add_option("FILE", "The settings file; 'get' and 'set' make one that is not there, as the host does")->required();
+    return {};
+}
+
+Action declareGet(CLI::App& line) {
+    const auto texts = std::make_shared<SettingsTexts>();
+    declareSectionAndKey(line, *texts);
+    line.add_option("DEFAULT", texts->value, "Given and written when the key is missing or empty; <not_set> without it");
+    return settingsAction(line, texts, Before::either, [](clsINI& settings, const SettingsTexts& given) {
+        const std::string value = settings.getKeyString(given.section, given.key, given.value);
+        return Result{{{"section", given.section}, {"key", given.key}, {"value", value}}, onOneLine(value) + '\n'};
+    });
+}
+
+Action declareSet(CLI::App& line) {
+    const auto texts = std::make_shared<SettingsTexts>();
+    declareSectionAndKey(line, *texts);
+    line.add_option("VALUE", texts->value, "The new value; one that begins with a hyphen stands behind --")->required();
+    return settingsAction(line, texts, Before::either, [](clsINI& settings, const SettingsTexts& given) {
+        settings.setKeyValue(given.section, given.key, given.value);
+        return Result{{{"section", given.section}, {"key", given.key}, {"value", given.value}}, {}};
+    });
+}
+
+Action declareSections(CLI::App& line) {
+    return settingsAction(line, std::make_shared<SettingsTexts>(), Before::isThere, [](clsINI& settings, const SettingsTexts&) {
+        return namesResult(Json::object(), "sections", settings.getSections());
+    });
+}
+
+Action declareKeys(CLI::App& line) {
+    const auto texts = std::make_shared<SettingsTexts>();
+    line.add_option("SECTION", texts->section, "The section")->required();
+    return settingsAction(line, texts, Before::isThere, [](clsINI& settings, const SettingsTexts& given) {
+        return namesResult({{"section", given.section}}, "keys", settings.getKeysInSection(given.section));
+    });
+}
+
+Action declareDelete(CLI::App& line) {
+    const auto texts = std::make_shared<SettingsTexts>();
+    line.add_option("SECTION", texts->section, "The section")->required();
+    line.add_option("KEY", texts->key, "The key; the whole section without it");
+    return settingsAction(line, texts, Before::isThere, [](clsINI& settings, const SettingsTexts& given) {
+        given.key.empty() ? settings.deleteSection(given.section) : settings.deleteKey(given.section, given.key);
+        return Result{{{"section", given.section}, {"key", given.key.empty() ? Json(nullptr) : Json(given.key)}}, {}};
+    });
+}
+
+Action declareNew(CLI::App& line) {
+    return settingsAction(line, std::make_shared<SettingsTexts>(), Before::isNotThere,
+                          [](clsINI& settings, const SettingsTexts&) {
+                              return Result{{{"file", settings.iniFile()}}, {}};
+                          });
+}
+
+constexpr Command kFileCommands[] = {
+    {"get", "Prints a value, its first 254 characters. A key that is missing or empty is written with the default.",
+     "settings Tbinitbd.dni get Popup PopupColour 1", declareGet, true},
+    {"set", "Writes a value.", "settings Tbinitbd.dni set Document DefaultFont Arial", declareSet, true},
+    {"sections", "Lists the sections, as far as 1022 characters go.", "settings Tbinitbd.dni sections --json", declareSections},
+    {"keys", "Lists the keys of a section, as far as 1022 characters go.", "settings Tbinitbd.dni keys WindowSettings",
+     declareKeys},
+    {"delete", "Deletes a key, or a section with all its keys. What is not there is as good as deleted.",
+     "settings Tbinitbd.dni delete Document DefaultFont", declareDelete, true},
+    {"new", "Makes the file with the host's first settings; it must not exist yet.", "settings Tbinitbd.dni new", declareNew,
+     true},
+};
+
+constexpr Command kCommands[] = {
+    {"settings", "Shows and changes the host's settings file.", "settings Tbinitbd.dni get Popup PopupColour", declareGroup,
+     false, kFileCommands},
+};
+
+}  // namespace
+
+std::span<const Command> settingsCommands() {
+    return kCommands;
+}
+
+}  // namespace wmoutlook
