@@ -31,6 +31,7 @@ public:
             marks += i == 0 ? "?" : ", ?";
         }
         text += ") VALUES (" + marks + ")";
+        current_ = nullptr;
         auto& statement = statements_[text];
         if (!statement) statement = connection_.prepare(text, sql::TextOrigin::adapter);
         current_ = statement.get();
@@ -39,18 +40,28 @@ public:
     std::int64_t insert(std::span<const Variant> values) {
         if (current_ == nullptr || static_cast<std::size_t>(current_->parameterCount()) != values.size())
             sql::fail(sql::Fault::notOpen, "A row in bulk does not have one value for each of its columns");
+        requireWhole();
+        isWhole_ = false;
         const sql::Run run{*current_};
         for (std::size_t i = 0; i < values.size(); ++i) run->bind(static_cast<int>(i + 1), sql::toCell(values[i]));
         run->step();
+        isWhole_ = true;
         return sqlite3_last_insert_rowid(connection_.get());
     }
 
     void commit() {
+        requireWhole();
         connection_.execute("COMMIT");
         isCommitted_ = true;
     }
 
 private:
+    /// After a row that could not be written, and after the commit, a further one would break "all of them or none".
+    void requireWhole() const {
+        if (isWhole_ && !isCommitted_ && sqlite3_get_autocommit(connection_.get()) == 0) return;
+        sql::fail(sql::Fault::notOpen, "The rows in bulk for " + connection_.path() + " have ended already");
+    }
+
     static std::string quoted(std::string_view name) {
         std::string result{"\""};
         for (const char c : name) result.append(c == '"' ? 2 : 1, c);
@@ -60,6 +71,7 @@ private:
     sql::SqliteConnection connection_;
     std::unordered_map<std::string, std::unique_ptr<sql::Statement>> statements_;
     sql::Statement* current_ = nullptr;
+    bool isWhole_ = true;  ///< every row so far has been written
     bool isCommitted_ = false;
 };
 

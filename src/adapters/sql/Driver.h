@@ -81,6 +81,8 @@ public:
     [[nodiscard]] virtual std::unique_ptr<Statement> prepare(const std::string& text, TextOrigin origin) = 0;
     /// A driver may let a few reads share one view of the file. From here on reads see it as it is, and nothing of it stays held.
     virtual void endSharedReads() = 0;
+    /// Whether what was read last may be older than the reading, since the view was shared by several.
+    [[nodiscard]] virtual bool isViewOld() const = 0;
     [[nodiscard]] virtual std::int64_t changedRows() const = 0;  ///< by the last writing statement
     [[nodiscard]] virtual std::int64_t lastKey() const = 0;      ///< of the last row that was added
 

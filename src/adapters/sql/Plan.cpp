@@ -46,6 +46,7 @@ Plan::Plan(std::string_view key, Driver& driver, Tables& tables) : driver_(drive
     rows_ = driver.prepare(isKeyed_ ? text(select_.list + ", " + keyList(), {}) : select_.whole, TextOrigin::host);
     const auto columns = static_cast<std::size_t>(rows_->columnCount());
     readColumns(isKeyed_ ? columns - sources_.size() : columns);
+    nameColumns();
     readTruthValues();
     updates_.resize(fields_.size());
     exists_.resize(sources_.size());
@@ -72,6 +73,17 @@ void Plan::readColumns(std::size_t count) {
         fieldsByName_.emplace(lower(field.table + "." + field.name), i);
         fields_.push_back(std::move(field));
     }
+}
+
+/// Another program may add columns while the file is open. A star would then give more than was planned for, and the keys behind
+/// it would be read from the wrong place; a column that is named and gone is an error of the engine.
+void Plan::nameColumns() {
+    const bool hasStar = select_.list.find('*') != std::string::npos;
+    const auto isNamed = [](const Field& field) { return field.source != kNone; };
+    if (!isKeyed_ || !hasStar || !std::all_of(fields_.begin(), fields_.end(), isNamed)) return;
+    select_.list.clear();
+    for (const Field& field : fields_) select_.list += (select_.list.empty() ? "" : ", ") + field.expression;
+    rows_ = driver_.prepare(text(select_.list + ", " + keyList(), {}), TextOrigin::host);
 }
 
 /// True is 1 in a Boolean column and counts as -1 where it stands in the place of a number.

@@ -101,6 +101,7 @@ public:
 
 private:
     void readColumns(std::size_t count);
+    void nameColumns();
     void readTruthValues();
     [[nodiscard]] TypeKind typeOfCompared(const ComparedColumn& compared) const;
     [[nodiscard]] std::string keyList() const;

@@ -118,8 +118,9 @@ void RowSet::readFirst() {
         seek(0);
         return;
     }
-    position_ = {State::atEnd, kNone, kNone};
+    position_ = {};  // until the reading has gone through nobody has looked
     isRowRead_ = false;
+    bool isFound = false;
     bool hasMore = false;
     {
         Run rows{plan_->rows()};
@@ -127,12 +128,13 @@ void RowSet::readFirst() {
         while (rows->step()) {
             const std::int64_t key = rows->cell(static_cast<int>(plan_->fields().size())).integer;
             if (plan_->keyCount() == 1 && std::binary_search(excluded_.begin(), excluded_.end(), key)) continue;
-            hasMore = position_.state == State::onRow;
+            hasMore = isFound;
             if (hasMore) break;
             takeRow(*rows);
-            position_ = {State::onRow, kNone, kNone};
+            isFound = true;
         }
     }
+    position_ = {isFound ? State::onRow : State::atEnd, kNone, kNone};
     if (hasMore) return;
     isFixed_ = true;
     fixedVersion_ = plan_->version();
@@ -159,19 +161,24 @@ bool RowSet::load(std::size_t index) {
         return true;
     }
     const Key key = keyAt(index);
+    if (!readRow(key)) return false;
     key_.assign(key.begin(), key.end());
-    return loadCurrent();
+    return true;
 }
 
 /// Reads the row with the current key; false when it has gone.
 bool RowSet::loadCurrent() {
-    if (!plan_->isKeyed()) return load(position_.index);
+    return plan_->isKeyed() ? readRow(key_) : load(position_.index);
+}
+
+/// The row with this key. One that cannot be read, or has gone, leaves the set where it was, to be read again when it is wanted.
+bool RowSet::readRow(Key key) {
     isRowRead_ = false;
     const std::uint64_t version = plan_->version();
     Run row{plan_->rowByKeys()};
     plan_->bind(*row, shape_.literals());
-    for (std::size_t i = 0; i < key_.size(); ++i)
-        row->bind(static_cast<int>(plan_->literalCount() + i + 1), key_[i] == kNoKey ? Cell{} : Cell::of(key_[i]));
+    for (std::size_t i = 0; i < key.size(); ++i)
+        row->bind(static_cast<int>(plan_->literalCount() + i + 1), key[i] == kNoKey ? Cell{} : Cell::of(key[i]));
     if (!row->step()) return false;
     row_.read(*row, plan_->fields().size());
     rowVersion_ = version;

@@ -107,6 +107,7 @@ private:
     void seek(std::size_t index);
     [[nodiscard]] bool load(std::size_t index);
     [[nodiscard]] bool loadCurrent();
+    [[nodiscard]] bool readRow(Key key);
     void takeRow(const Statement& statement);
     void readKey(const Statement& statement, std::vector<std::int64_t>& key) const;
     void requirePosition(std::string_view operation, std::string_view name);
@@ -128,6 +129,8 @@ private:
     bool searchEngine(bool isNext);
     void bindSearch(Statement& statement) const;
     [[nodiscard]] bool isInSet(std::size_t& index);
+    template <class NextPlace>
+    bool tryPlaces(NextPlace nextPlace);
     [[nodiscard]] bool standsOnMatch(std::size_t index);
     void goBack(const Marker& former);
     bool searchIndex(bool isNext);

@@ -77,7 +77,7 @@ bool RowSet::isStoredAlready(std::size_t field, const Cell& value) {
         return isText ? stored.text == value.text : stored.number() == value.number();
     };
     if (!isRowRead_ || !isEqual()) return false;
-    const bool isFresh = rowVersion_ == plan_->version() && readAt_ + 1 >= observer_->operation();
+    const bool isFresh = rowVersion_ == plan_->version() && readAt_ + 1 >= observer_->operation() && !driver_->isViewOld();
     if (!isFresh) driver_->endSharedReads();
     if (!isFresh && !loadCurrent()) failAsVanished("updateField", plan_->fields()[field].table);
     readAt_ = observer_->operation();

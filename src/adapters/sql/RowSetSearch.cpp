@@ -95,25 +95,35 @@ bool RowSet::currentPasses() const {
     return true;
 }
 
+/// Stands on the first of the places that holds a match. Without one, or when a row cannot be read, the set stands where it was.
+template <class NextPlace>
+bool RowSet::tryPlaces(NextPlace nextPlace) {
+    const Marker former{position_, key_};
+    try {
+        for (std::size_t place = nextPlace(); place != kNone; place = nextPlace())
+            if (standsOnMatch(place)) return true;
+    } catch (...) {
+        goBack(former);
+        throw;
+    }
+    goBack(former);
+    return false;
+}
+
 bool RowSet::searchIndex(bool isNext) {
     fix();
     const MemoryIndex& index = indexOn(criteria_.conditions.front().field);
-    const Marker former{position_, key_};
-    std::size_t place = 0;
-    for (std::size_t from = isNext ? position_.next : 0; index.next(criteria_.values.front(), from, place); from = place + 1)
-        if (standsOnMatch(place)) return true;
-    goBack(former);
-    return false;
+    return tryPlaces([&, place = std::size_t{0}, from = isNext ? position_.next : 0]() mutable {
+        const bool isCandidate = index.next(criteria_.values.front(), from, place);
+        from = place + 1;
+        return isCandidate ? place : kNone;
+    });
 }
 
 /// For results that the engine cannot search again: grouped ones, and computed fields.
 bool RowSet::searchRows(bool isNext) {
     fix();
-    const Marker former{position_, key_};
-    for (std::size_t place = isNext ? position_.next : 0; place < size(); ++place)
-        if (standsOnMatch(place)) return true;
-    goBack(former);
-    return false;
+    return tryPlaces([&, place = isNext ? position_.next : 0]() mutable { return place < size() ? place++ : kNone; });
 }
 
 bool RowSet::standsOnMatch(std::size_t index) {
@@ -132,7 +142,7 @@ void RowSet::goBack(const Marker& former) {
 MemoryIndex& RowSet::indexOn(std::size_t field) {
     const auto known = indexes_.find(field);
     if (known != indexes_.end()) return known->second;
-    MemoryIndex& index = indexes_[field];
+    MemoryIndex index;  // kept when it is whole: half of one would miss rows
     Run rows{plan_->rows()};
     plan_->bind(*rows, shape_.literals());
     while (rows->step()) {
@@ -140,7 +150,7 @@ MemoryIndex& RowSet::indexOn(std::size_t field) {
         const std::size_t place = indexOf(candidate_);
         if (place != kNone) index.add(rows->cell(static_cast<int>(field)), place);
     }
-    return index;
+    return indexes_[field] = std::move(index);
 }
 
 void RowSet::noteChanged(const Field& field, std::int64_t key, const Cell& value) {

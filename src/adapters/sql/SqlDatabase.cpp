@@ -37,6 +37,7 @@ public:
 
     RecordsetHandle openRecordset(std::string_view sql, LockCode lock) override {
         if (!driver_) fail(Fault::notOpen, "openRecordset: the database is not open");
+        if (lock == LockCode::updatable) driver_->endSharedReads();  // what is to be written to is seen as it is
         std::unique_ptr<RowSet> set = takeFree();
         set->open(sql, lock);
         set->use(planFor(set->shape().key()), *driver_, *this);

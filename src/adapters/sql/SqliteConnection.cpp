@@ -72,9 +72,11 @@ public:
     }
 
     bool step() override {
-        if (!isRunning_) connection_.beforeStatement(isReading_);
+        const bool isFirst = !isRunning_;
+        if (isFirst) connection_.beforeStatement(isReading_);
         isRunning_ = true;
         const int result = sqlite3_step(statement_);
+        if (isFirst) requireSameColumns();
         if (result == SQLITE_ROW) return true;
         if (result != SQLITE_DONE) connection_.fail("A statement could not be run");
         return false;
@@ -107,10 +109,31 @@ public:
     }
 
 private:
+    /// When another program has changed a table, the engine prepares the text anew on its own, and a star gives other columns
+    /// than those that were asked for: the row's key would be read from a column of the host.
+    void requireSameColumns() {
+        const int prepared = sqlite3_stmt_status(statement_, SQLITE_STMTSTATUS_REPREPARE, 0);
+        if (prepared == preparedAgain_) return;
+        if (columns() != columns_)
+            throw DatabaseError{SQLITE_SCHEMA, "Another program has changed the tables of the file; open it again"};
+        preparedAgain_ = prepared;
+    }
+
+    [[nodiscard]] std::string columns() const {
+        std::string names;
+        for (int i = 0; i < columnCount(); ++i) {
+            const ColumnOrigin column = origin(i);
+            names.append(column.name).append(1, '\0').append(column.table).append(1, '\0').append(column.column).append(1, '\0');
+        }
+        return names;
+    }
+
     SqliteConnection& connection_;
     sqlite3_stmt* statement_;
     bool isReading_;
     bool isRunning_ = false;
+    std::string columns_ = columns();
+    int preparedAgain_ = 0;
 };
 
 /// Runs a statement that gives no rows.
@@ -202,10 +225,20 @@ void SqliteConnection::shareReads() {
 
 void SqliteConnection::endSharedRead() noexcept {
     if (sharedReads_ > 0) runOnce(commit_);
+    // A commit that failed would leave the next write in a transaction that nobody ends.
+    if (sharedReads_ > 0 && sqlite3_get_autocommit(database_) == 0)
+        sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
     sharedReads_ = 0;
 }
 
-void SqliteConnection::beforeStatement(bool isReading) noexcept {
+void SqliteConnection::beginTrial() {
+    execute("BEGIN IMMEDIATE");
+    isTrial_ = true;
+}
+
+void SqliteConnection::beforeStatement(bool isReading) {
+    if (isTrial_ && sqlite3_get_autocommit(database_) != 0)
+        throw DatabaseError{SQLITE_ABORT, "An earlier failure has ended the dry run; nothing more is done in " + path_};
     if (begin_ == nullptr) return;
     if (!isReading || sharedReads_ == kSharedReads) endSharedRead();
     if (!isReading) return;

@@ -35,7 +35,11 @@ public:
     /// the last of these reads, or at endSharedRead.
     void shareReads();
     void endSharedRead() noexcept;
-    void beforeStatement(bool isReading) noexcept;  ///< what each statement tells when it begins to run
+    [[nodiscard]] bool isViewOld() const { return sharedReads_ > 1; }
+    /// Begins the transaction in which everything is done from now on, to be undone by ROLLBACK. Some failures of the file make
+    /// the engine undo it by itself; from then on every statement fails, since it would be stored for good.
+    void beginTrial();
+    void beforeStatement(bool isReading);  ///< what each statement tells when it begins to run
 
     static constexpr int kSharedReads = 16;
 
@@ -51,6 +55,7 @@ private:
     bool isHostText_ = false;        ///< a text from outside is being prepared
     sqlite3_stmt* begin_ = nullptr;  ///< null while reads are not shared
     sqlite3_stmt* commit_ = nullptr;
+    bool isTrial_ = false;
     int sharedReads_ = 0;  ///< in the transaction that is open; 0: none is
     std::int64_t preparedStatements_ = 0;
 };

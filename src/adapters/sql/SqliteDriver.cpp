@@ -18,13 +18,20 @@ std::optional<std::int64_t> firstNumber(Statement& statement, std::string_view t
     return number;
 }
 
+/// Without a write-ahead log a view that is held keeps every other program from writing.
+bool hasLog(SqliteConnection& connection) {
+    const auto statement = connection.prepare("PRAGMA journal_mode", TextOrigin::adapter);
+    const Run run{*statement};
+    return run->step() && run->cell(0).text == "wal";
+}
+
 }  // namespace
 
 SqliteDriver::SqliteDriver(std::unique_ptr<SqliteConnection> connection, const SqliteOptions& options)
     : connection_(std::move(connection)), options_(options) {
     if (options_.dryRun)
-        connection_->execute("BEGIN IMMEDIATE");
-    else
+        connection_->beginTrial();
+    else if (hasLog(*connection_))
         connection_->shareReads();
 }
 

@@ -17,6 +17,7 @@ public:
 
     std::unique_ptr<Statement> prepare(const std::string& text, TextOrigin origin) override;
     void endSharedReads() override;
+    bool isViewOld() const override { return connection_->isViewOld(); }
     std::int64_t changedRows() const override;
     std::int64_t lastKey() const override;
     bool hasRowKeys(const std::string& table) override;

@@ -168,6 +168,50 @@ TEST_F(SqliteFile, WhatAnotherProgramDeletesIsNoticed) {
     EXPECT_TRUE(database->isEndOfRecordset(rows));
 }
 
+TEST_F(SqliteFile, WhatAnotherProgramWritesIsSeenBeforeItIsWrittenOver) {
+    const auto database = openSqliteDatabase(create());
+    for (const std::string_view name : {"Ann", "Bob"}) addRow(*database, "Contacts", {{"DisplayName", name}});
+    const auto walk = database->openRecordset("SELECT Contacts.* FROM Contacts;", LockCode::readOnly);
+    (void)database->moveFirst(walk);  // reads share a view from here on
+    Intruder{path()}.run("UPDATE Contacts SET DisplayName = 'Intruder' WHERE ContactID = 2");
+    Intruder{path()}.run("INSERT INTO Contacts (DisplayName) VALUES ('New')");
+    const auto rows = database->openRecordset("SELECT Contacts.* FROM Contacts;", LockCode::updatable);
+    EXPECT_TRUE(database->findFirst(rows, "DisplayName", "New"));  // otherwise the caller would add it once more
+    ASSERT_TRUE(database->findFirst(rows, "ContactID", "2"));
+    database->updateField(rows, "DisplayName", "Bob");
+    EXPECT_EQ(first(*database, "SELECT DisplayName FROM Contacts WHERE ContactID = 2", "DisplayName"), "Bob");
+}
+
+TEST_F(SqliteFile, ColumnsThatAnotherProgramAddsOrDropsLeadToNoOtherRow) {
+    create();
+    Intruder{path()}.run("ALTER TABLE Contacts ADD COLUMN Early INTEGER DEFAULT 2");
+    const auto database = openSqliteDatabase(path());
+    for (const std::string_view name : {"Ann", "Bob", "Cid"})
+        addRow(*database, "Contacts", {{"DisplayName", name}, {"Early", "2"}});
+    const auto open = [&] { return database->openRecordset("SELECT Contacts.* FROM Contacts;", LockCode::updatable); };
+    const auto rows = open();
+    (void)database->moveFirst(rows);
+    Intruder{path()}.run("ALTER TABLE Contacts ADD COLUMN Rank INTEGER DEFAULT 3");
+    database->updateField(rows, "HomeCity", "Ottawa");
+    database->moveNext(rows);
+    database->deleteRecord(rows);
+    const auto again = open();
+    EXPECT_EQ(walk(*database, again, "DisplayName"), (std::vector<std::string>{"Ann", "Cid"}));
+    EXPECT_EQ(first(*database, "SELECT HomeCity FROM Contacts WHERE ContactID = 1", "HomeCity"), "Ottawa");
+
+    Intruder{path()}.run("ALTER TABLE Contacts DROP COLUMN Early");
+    EXPECT_THROW((void)database->findFirst(open(), "ContactID", "1"), DatabaseError);
+}
+
+TEST_F(SqliteFile, FileWithoutALogIsNotKeptFromOthers) {
+    const std::string local = path("local.db");
+    Intruder{local}.run("CREATE TABLE OutlookLogin (ProfileName)");
+    const auto store = openSqliteDatabase(create())->openLocalStore(local, "");
+    ASSERT_NE(store, nullptr);
+    (void)store->hasRows(store->openRecordset("SELECT OutlookLogin.* FROM OutlookLogin;", LockCode::readOnly));
+    Intruder{local}.run("INSERT INTO OutlookLogin VALUES ('Office')");
+}
+
 TEST_F(SqliteFile, TwoProgramsAreNeverGivenTheSameNumber) {
     const auto here = openSqliteDatabase(create());
     const auto there = openSqliteDatabase(path());
@@ -366,8 +410,14 @@ TEST_F(SqliteFile, BulkRowsAreWrittenAllOrNone) {
         bulk.into("Contacts", {"DisplayName", "Birthday"});
         EXPECT_EQ(bulk.insert({Variant{"Ann"}, Variant{makeDay(1885, 3, 1)}}), 1);
         EXPECT_THROW(bulk.insert({Variant{"too few"}}), DatabaseError);
-        EXPECT_THROW(bulk.into("Contacts", {"NoSuchField"}), DatabaseError);
         if (isCommitted) bulk.commit();
+        EXPECT_THROW(bulk.into("Contacts", {"NoSuchField"}), DatabaseError);
+        EXPECT_THROW(bulk.insert({Variant{"Bob"}, Variant{}}), DatabaseError);  // not into the table before
+    }
+    {
+        BulkInsert bulk{path()};
+        bulk.into("DataVersion", {"DataUniqueID"});
+        EXPECT_THROW(bulk.insert({Variant{std::string(100, 'x') + std::string(1, '\0')}, Variant{}}), DatabaseError);
     }
     const auto database = openSqliteDatabase(path());
     EXPECT_EQ(first(*database, "SELECT Birthday FROM Contacts", "Birthday"), "1885-03-01");
