@@ -153,14 +153,15 @@ private:
 
 /// Whatever must be known to refuse the request is looked at here, before the component could write anything.
 void SyncSession::openSides() {
+    SqliteOptions firmOptions;
+    firmOptions.dryRun = request_.isDryRun;
+    // First: opening an old Outlook store brings it up to date, which a firm that is refused should not lead to.
+    const auto firm = openSqliteDatabase(request_.firm, firmOptions);
     OutlookStoreOptions storeOptions;
     storeOptions.dryRun = request_.isDryRun;
     storeOptions.clock = platform_.clock;
     store_ = openOutlookStore(request_.outlook, storeOptions);
     folder_ = chosenFolder(request_, *store_);
-    SqliteOptions firmOptions;
-    firmOptions.dryRun = request_.isDryRun;
-    const auto firm = openSqliteDatabase(request_.firm, firmOptions);
     database_ = std::make_shared<RecordingDatabase>(firm, end_);
     if (request_.user && !isStaff(*database_, *request_.user))
         throw UsageError{"--user: nobody on the staff has the number " + toText(*request_.user)};

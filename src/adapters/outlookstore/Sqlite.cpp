@@ -62,6 +62,17 @@ void Connection::execute(const std::string& sql, std::string_view attempt) {
     if (code != SQLITE_OK) fail(code, attempt);
 }
 
+void Connection::beginTrial(std::string_view attempt) {
+    execute("BEGIN IMMEDIATE", attempt);
+    isTrial_ = true;
+}
+
+void Connection::requireTrial(std::string_view attempt) const {
+    if (!isTrial_ || sqlite3_get_autocommit(handle_) == 0) return;
+    throw OutlookError{-1, "An earlier failure has ended the dry run; nothing more is done in the Outlook store \"" + path_ +
+                               "\": " + std::string{attempt}};
+}
+
 std::int64_t Connection::lastKey() const {
     return sqlite3_last_insert_rowid(handle_);
 }
@@ -161,7 +172,10 @@ bool Statement::Run::isNull(int column) const {
 // A transaction that reads before it writes is refused when another process has written in between; one that is meant to
 // write from the start waits for its turn instead.
 Savepoint::Savepoint(Connection& connection, std::string_view attempt)
-    : connection_(connection), attempt_(attempt), isOutermost_(sqlite3_get_autocommit(connection.handle()) != 0) {
+    : connection_(connection),
+      attempt_(attempt),
+      isOutermost_(!connection.isTrial() && sqlite3_get_autocommit(connection.handle()) != 0) {
+    connection_.requireTrial(attempt_);
     connection_.execute(isOutermost_ ? "BEGIN IMMEDIATE" : "SAVEPOINT store", attempt_);
 }
 

@@ -24,6 +24,11 @@ public:
     ~Connection();
 
     void execute(const std::string& sql, std::string_view attempt);
+    /// Begins the transaction in which everything is done from now on. Some failures of the file make SQLite undo it by itself;
+    /// from then on every statement fails, since it would be stored for good.
+    void beginTrial(std::string_view attempt);
+    [[nodiscard]] bool isTrial() const { return isTrial_; }
+    void requireTrial(std::string_view attempt) const;
     [[nodiscard]] std::int64_t lastKey() const;
     [[nodiscard]] std::int64_t changedRows() const;
     [[nodiscard]] bool isReadOnly() const;
@@ -37,6 +42,7 @@ public:
 private:
     std::string path_;
     sqlite3* handle_ = nullptr;
+    bool isTrial_ = false;
 };
 
 /// One text, prepared once and kept.
@@ -48,7 +54,7 @@ public:
     /// are not copied and outlive the execution.
     class Run {
     public:
-        explicit Run(Statement& statement) : statement_(statement) {}
+        explicit Run(Statement& statement) : statement_(statement) { statement.connection_.requireTrial(statement.attempt_); }
         Run(const Run&) = delete;
         Run& operator=(const Run&) = delete;
         ~Run();

@@ -248,6 +248,9 @@ void SqliteConnection::beforeStatement(bool isReading) {
 
 void SqliteConnection::fail(std::string_view attempted) const {
     const int code = sqlite3_extended_errcode(database_);
+    if ((code & 0xFF) == SQLITE_CORRUPT)
+        throw DatabaseError{code, "The database file \"" + path_ + "\" is damaged: " + sqlite3_errmsg(database_) +
+                                      "; choose another file or restore a backup"};
     const bool isBusy = (code & 0xFF) == SQLITE_BUSY || (code & 0xFF) == SQLITE_LOCKED;
     throw DatabaseError{
         code, std::string{attempted} + ": " + (isBusy ? "the file is locked by another program" : sqlite3_errmsg(database_))};

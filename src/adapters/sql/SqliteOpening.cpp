@@ -115,7 +115,7 @@ void requireColumns(SqliteConnection& connection) {
         const auto columns = present.find(lower(table));
         if (columns == present.end())
             fail(Fault::cannotOpen, named(connection.path()) + " lacks the table \"" + std::string{table} +
-                                        "\"; choose a firm's file, or create one with this program.");
+                                        "\"; choose a firm's file, or create one with \"tallowsync new-firm FILE\".");
         if (columns->second.contains(lower(name))) continue;
         if (++more == 0) first = "the column \"" + std::string{name} + "\" of the table \"" + std::string{table} + "\"";
     }
@@ -144,7 +144,7 @@ std::unique_ptr<SqliteConnection> connectForWriting(const std::string& path, int
     auto connection = std::make_unique<SqliteConnection>(path, SqliteConnection::Mode::readWrite, timeout);
     readTables(*connection);
     if (sqlite3_db_readonly(connection->get(), "main") != 0)
-        fail(Fault::readOnly, named(path) + " cannot be written to; change its permissions, or open it for reading only.");
+        fail(Fault::readOnly, named(path) + " cannot be written to; change its permissions, or work on a copy.");
     connection->execute("BEGIN IMMEDIATE");  // another program that holds the file shows now and not in the middle of a run
     connection->execute("ROLLBACK");
     return connection;
