@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages_of() {
-    local program="cmake ninja-build g++ libsqlite3-dev libical-dev libcli11-dev nlohmann-json3-dev"
+    local program="cmake ninja-build g++ libsqlite3-dev libical-dev libgmime-3.0-dev pkg-config libcli11-dev nlohmann-json3-dev"
     case "$1" in
         program) echo "$program" ;;
         tests) echo "$program libgtest-dev" ;;

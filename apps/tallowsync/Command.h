@@ -38,5 +38,6 @@ void addCommands(CLI::App& parent, std::span<const Command> commands, ChosenComm
 [[nodiscard]] std::span<const Command> outlookCommands();
 [[nodiscard]] std::span<const Command> syncCommands();
 [[nodiscard]] std::span<const Command> settingsCommands();
+[[nodiscard]] std::span<const Command> mailCommands();
 
 }  // namespace wmoutlook

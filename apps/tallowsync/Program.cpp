@@ -90,7 +90,8 @@ void declareAll(CLI::App& app, ChosenCommand& chosen) {
     app.set_version_flag("--version", "tallowsync 0.1.0");
     app.footer(kClosing);
     app.require_subcommand(1);
-    for (const auto commands : {fileCommands(), syncCommands(), outlookCommands(), settingsCommands()}) addCommands(app, commands, chosen);
+    for (const auto commands : {fileCommands(), syncCommands(), outlookCommands(), settingsCommands(), mailCommands()})
+        addCommands(app, commands, chosen);
 }
 
 }  // namespace

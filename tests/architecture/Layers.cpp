@@ -35,6 +35,7 @@ const std::array kLayers{
     Layer{"src/mail", logic, 4},
     Layer{"src/component", logic, 5},
     Layer{"src/wizard", logic, 6},
+    Layer{"src/adapters/exchange", outside, 0, {"src/platform"}},
     Layer{"src/adapters/headless", outside, 0, {"src/platform"}},
     Layer{"src/adapters/outlookstore", outside, 0, {"src/platform", "src/adapters/sql/SqliteDatabase.h"}},  // for Durability
     Layer{"src/adapters/sql", outside, 0, {"src/platform"}},

@@ -6,9 +6,11 @@
 #include "apps/tallowsync/items/Folders.h"
 #include "apps/tallowsync/items/ItemJson.h"
 #include "apps/tallowsync/items/ItemText.h"
+#include "apps/tallowsync/items/MailFile.h"
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <iomanip>
 #include <map>
@@ -166,6 +168,31 @@ Action declareDelete(CLI::App& line) {
     return [&line, entryIDs](Console&) { return deleteItems(*storeOf(line), *entryIDs); };
 }
 
+// export
+
+struct ExportOptions {
+    std::string file;
+    std::optional<std::string> entryID, folder;
+};
+
+Action declareExport(CLI::App& line) {
+    const auto options = std::make_shared<ExportOptions>();
+    line.add_option("FILE", options->file, "The new file, a mail as .eml")->required();
+    auto* const item = line.add_option("--item", options->entryID, "The mail, by identifier as 'list' shows it");
+    line.add_option("--folder", options->folder, "The newest mail of this folder; of the Outbox without --item and --folder")
+        ->excludes(item);
+    return [&line, options](Console&) {
+        if (!equalsTextually(std::filesystem::path{options->file}.extension().string(), ".eml"))
+            throw UsageError{"A mail goes to a file whose name ends in .eml, not to " + inQuotes(options->file)};
+        const auto store = storeOf(line);
+        const std::string folder = options->folder.value_or("Outbox");
+        if (!options->entryID) static_cast<void>(requireFolder(*store, folder));
+        const auto mail = options->entryID ? requireItem(*store, *options->entryID) : newestMail(*store, folder);
+        writeMailFile(*mail, options->file);
+        return ExitStatus::done;
+    };
+}
+
 constexpr Command kStoreCommands[] = {
     {"folders", "Lists the folders of an Outlook store.", "outlook demo/outlook.db folders", declareFolders},
     {"add-folder", "Adds a folder and prints its identifier.",
@@ -178,6 +205,8 @@ constexpr Command kStoreCommands[] = {
      "outlook demo/outlook.db add --folder Contacts < items.json", declareAdd, true},
     {"delete", "Deletes items. When one is not there, nothing is deleted.", "outlook demo/outlook.db delete ENTRYID",
      declareDelete, true},
+    {"export", "Writes a mail to a file that a mail program opens.", "outlook demo/outlook.db export mail.eml --folder Drafts",
+     declareExport, true},
 };
 
 constexpr Command kCommands[] = {

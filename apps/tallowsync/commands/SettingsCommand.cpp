@@ -5,6 +5,7 @@
 #include "apps/tallowsync/Command.h"
 #include "apps/tallowsync/Json.h"
 #include "apps/tallowsync/PlainText.h"
+#include "apps/tallowsync/run/FirstFailure.h"
 #include "hostdata/HostServices.h"
 #include "platform/Routine.h"
 #include "settings/clsINI.h"
@@ -16,25 +17,6 @@
 namespace wmoutlook {
 
 namespace {
-
-/// Keeps the first failure; nothing is done behind it.
-class FirstFailure : public ErrorService {
-public:
-    void enterFunction(std::string_view) override {}
-    void leaveFunction() override {}
-    ErrorAnswer reportError(const ErrorReport& report) override {
-        if (!first_) first_ = report;
-        return ErrorAnswer::leaveRoutine;
-    }
-    void throwIfAny() const {
-        if (!first_) return;
-        if (first_->number == SettingsError::kRefused) throw UsageError{first_->message};
-        throw InputError{first_->message};
-    }
-
-private:
-    std::optional<ErrorReport> first_;
-};
 
 /// Before: what may be there when a command names the file to the component, which makes one that is not there.
 enum class Before { isThere, isNotThere, either };
@@ -51,7 +33,7 @@ public:
         services.programFolder = folderOfThisProgram();
         setErrorService(failure_);
         settings.iniFile(path);
-        failure_->throwIfAny();
+        requireDone();
     }
     ~SettingsHost() {
         setErrorService(nullptr);
@@ -60,7 +42,11 @@ public:
     SettingsHost(const SettingsHost&) = delete;
     SettingsHost& operator=(const SettingsHost&) = delete;
 
-    void requireDone() const { failure_->throwIfAny(); }
+    void requireDone() const {
+        const auto& failure = failure_->first();
+        if (failure && failure->number == SettingsError::kRefused) throw UsageError{failure->message};
+        if (failure) throw InputError{failure->message};
+    }
 
     clsINI settings;
 

@@ -1,6 +1,7 @@
 #include "apps/tallowsync/items/ItemJson.h"
 
 #include "apps/tallowsync/PlainText.h"
+#include "apps/tallowsync/items/MailJson.h"
 #include "apps/tallowsync/items/RecurrenceJson.h"
 #include "platform/Errors.h"
 
@@ -50,6 +51,8 @@ Json itemToJson(const ListedItem& item) {
                                   {"type", static_cast<std::int32_t>(property.type)},
                                   {"value", valueToJson(property.value, PropertyKind::moment)}});
     if (item.recurrence) json["Recurrence"] = recurrenceToJson(*item.recurrence);
+    if (!item.recipients.empty()) json["Recipients"] = recipientsToJson(item.recipients);
+    if (!item.attachments.empty()) json["Attachments"] = attachmentsToJson(item.attachments);
     return json;
 }
 
@@ -70,6 +73,7 @@ std::shared_ptr<outlook::port::Item> makeItem(outlook::port::Automation& store, 
         if (!property.value.isNull()) userProperty->setValue(property.value);
     }
     if (item.recurrence) outlookstore::setRecurrence(*added, *item.recurrence);
+    if (!item.recipients.empty()) addRecipients(*added, item.recipients);
     return added;
 }
 

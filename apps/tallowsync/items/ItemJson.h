@@ -12,7 +12,7 @@
 #include <vector>
 
 /// Outlook items as JSON: an object with EntryID, StoreID, Folder, Class (Outlook's number), the properties that are set, by
-/// Outlook's names, UserProperties, and the Recurrence of a series.
+/// Outlook's names, UserProperties, the Recurrence of a series, the Recipients and Attachments of a mail.
 namespace wmoutlook {
 
 [[nodiscard]] Json itemToJson(const outlookstore::ListedItem& item);
@@ -26,6 +26,7 @@ struct NewItem {
     std::vector<std::pair<std::string, Variant>> properties;
     std::vector<outlookstore::ListedUserProperty> userProperties;
     std::optional<outlookstore::Recurrence> recurrence;
+    std::vector<outlookstore::ListedRecipient> recipients{};
 };
 
 /// Reads the shape that itemToJson writes: an array of items or one item alone. Identifiers, and properties that cannot be
@@ -50,6 +51,7 @@ private:
     void readProperty(const std::string& name, const Json& value, NewItem& item);
     void addProperty(std::string_view name, Variant value, NewItem& item);
     void readRecurrence(const Json& value, NewItem& item);
+    void readMail(const Json& object, NewItem& item);
     void readUserProperties(const Json& values, NewItem& item);
     void readUserProperty(const Json& value, NewItem& item);
     void fault(std::string_view sentence);

@@ -1,6 +1,7 @@
 #include "apps/tallowsync/items/ItemJson.h"
 
 #include "apps/tallowsync/PlainText.h"
+#include "apps/tallowsync/items/MailJson.h"
 #include "apps/tallowsync/items/RecurrenceJson.h"
 #include "apps/tallowsync/items/ValueLimits.h"
 #include "platform/Errors.h"
@@ -21,7 +22,8 @@ using outlookstore::PropertyTable;
 
 /// What `list` prints beside the properties of an item.
 bool isNoProperty(std::string_view key) {
-    constexpr std::string_view kKeys[] = {"EntryID", "StoreID", "Folder", "Class", "UserProperties", "Recurrence"};
+    constexpr std::string_view kKeys[] = {"EntryID",        "StoreID",    "Folder",     "Class",
+                                          "UserProperties", "Recurrence", "Recipients", "Attachments"};
     return std::any_of(std::begin(kKeys), std::end(kKeys), [&](std::string_view known) { return known == key; });
 }
 
@@ -130,6 +132,7 @@ void ItemReader::readItem(const Json& object) {
         if (!isNoProperty(name)) readProperty(name, value, item);
     if (const auto values = object.find("UserProperties"); values != object.end()) readUserProperties(*values, item);
     if (const auto value = object.find("Recurrence"); value != object.end() && !value->is_null()) readRecurrence(*value, item);
+    readMail(object, item);
     items_.push_back(std::move(item));
 }
 
@@ -203,6 +206,18 @@ void ItemReader::readRecurrence(const Json& value, NewItem& item) {
     } catch (const OutlookError& error) {
         fault(std::string{"has a Recurrence that cannot be taken. "} + error.what());
     }
+}
+
+/// To, CC and BCC follow the recipients, so that nothing is read from them beside those.
+void ItemReader::readMail(const Json& object, NewItem& item) {
+    if (const auto value = object.find("Attachments"); value != object.end() && !value->empty())
+        fault("has Attachments, which only 'tallowsync mail' can add");
+    const auto value = object.find("Recipients");
+    if (value == object.end() || value->empty()) return;
+    std::string why = item.type == ItemType::mail ? "" : "has Recipients, and is no mail";
+    if (why.empty()) item.recipients = recipientsFromJson(*value, why);
+    if (!why.empty()) fault(why);
+    std::erase_if(item.properties, [](const auto& property) { return isAddressLine(property.first); });
 }
 
 void ItemReader::readUserProperties(const Json& values, NewItem& item) {

@@ -47,7 +47,7 @@ public:
     void save() override {
         const bool isNew = entryID().empty();
         pass().save();
-        isNew ? written().created(entryID()) : written().updated(entryID());
+        noteWritten(isNew);
     }
     void remove() override {
         const std::string removed = entryID();
@@ -57,10 +57,20 @@ public:
     std::shared_ptr<port::UserProperties> userProperties() override { return pass().userProperties(); }
     std::shared_ptr<port::Recipients> recipients() override { return pass().recipients(); }
     std::shared_ptr<port::Attachments> attachments() override { return pass().attachments(); }
-    void display(bool modal) override { pass().display(modal); }
-    void send() override { pass().send(); }
+    /// Showing a new mail may leave a draft.
+    void display(bool modal) override {
+        const bool isNew = entryID().empty();
+        pass().display(modal);
+        if (isNew && !entryID().empty()) noteWritten(isNew);
+    }
+    void send() override {
+        const bool isNew = entryID().empty();
+        pass().send();
+        noteWritten(isNew);
+    }
 
 private:
+    void noteWritten(bool isNew) { isNew ? written().created(entryID()) : written().updated(entryID()); }
     [[nodiscard]] std::string entryID() const { return pass().get(outlook::property::EntryID).toText(); }
 };
 

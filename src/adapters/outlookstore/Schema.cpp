@@ -15,7 +15,7 @@ namespace wmoutlook::outlookstore {
 namespace {
 
 constexpr std::int64_t kApplicationID = 0x4F4C5354;  // "OLST"
-constexpr std::int64_t kVersion = 2;
+constexpr std::int64_t kVersion = 3;
 constexpr std::string_view kMaking = "making the file";
 constexpr std::string_view kUpdating = "bringing the file up to date";
 constexpr std::string_view kWayOut = "; name another file, or make one with \"tallowsync new-outlook FILE\"";
@@ -67,11 +67,11 @@ INSERT INTO Counters VALUES ('HighestDeletedItem', 0);
 )sql";
 
 std::string tables() {
-    return std::string{kTables}.append(calendarTables());
+    return std::string{kTables}.append(calendarTables()).append(mailTables());
 }
 
 /// What takes a file of version i + 1 to version i + 2.
-constexpr std::array<void (*)(Connection& connection), kVersion - 1> kMigrations{addCalendar};
+constexpr std::array<void (*)(Connection& connection), kVersion - 1> kMigrations{addCalendar, addMails};
 
 std::int64_t bigEndian(std::string_view bytes) {
     std::int64_t number = 0;

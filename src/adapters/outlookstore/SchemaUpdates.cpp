@@ -43,6 +43,26 @@ CREATE TABLE SeriesExceptions (
 ) WITHOUT ROWID;
 )sql";
 
+/// By Outlook's numbers: RecipientType 1 To, 2 CC, 3 BCC. Address is empty for a recipient that is not resolved.
+constexpr std::string_view kMailTables = R"sql(
+CREATE TABLE Recipients (
+    ItemNumber INTEGER NOT NULL REFERENCES Items,
+    Position INTEGER NOT NULL,
+    Name TEXT NOT NULL,
+    Address TEXT NOT NULL,
+    RecipientType INTEGER NOT NULL,
+    PRIMARY KEY (ItemNumber, Position)
+) WITHOUT ROWID;
+CREATE TABLE Attachments (
+    AttachmentNumber INTEGER PRIMARY KEY,
+    ItemNumber INTEGER NOT NULL REFERENCES Items,
+    FileName TEXT NOT NULL,
+    DisplayName TEXT NOT NULL,
+    Content BLOB NOT NULL
+);
+CREATE INDEX AttachmentsByItem ON Attachments (ItemNumber);
+)sql";
+
 constexpr std::string_view kNewColumns =
     "ALTER TABLE Items ADD COLUMN StartKey INTEGER; ALTER TABLE Items ADD COLUMN DueDateKey INTEGER;";
 
@@ -84,6 +104,14 @@ void addCalendar(Connection& connection) {
     fillKeys(connection, outlook::ItemType::appointment, "StartKey");
     fillKeys(connection, outlook::ItemType::task, "DueDateKey");
     connection.execute(std::string{kCalendarTables}, kAttempt);
+}
+
+std::string_view mailTables() {
+    return kMailTables;
+}
+
+void addMails(Connection& connection) {
+    connection.execute(std::string{kMailTables}, kAttempt);
 }
 
 }  // namespace wmoutlook::outlookstore

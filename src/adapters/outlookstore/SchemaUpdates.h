@@ -13,4 +13,10 @@ namespace wmoutlook::outlookstore {
 /// Version 1 to 2: the dates by which a calendar and a list of tasks are sorted, and series.
 void addCalendar(Connection& connection);
 
+/// The tables that version 3 added, as a new file has them.
+[[nodiscard]] std::string_view mailTables();
+
+/// Version 2 to 3: recipients and attachments of mails.
+void addMails(Connection& connection);
+
 }  // namespace wmoutlook::outlookstore

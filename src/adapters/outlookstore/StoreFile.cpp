@@ -27,12 +27,15 @@ StoreFile::StoreFile(const std::string& path, const OutlookStoreOptions& options
       connection_(openStoreFile(path, options.durability, options.busyTimeoutMilliseconds)),
       folders_(std::make_unique<FolderStorage>(*connection_)),
       items_(std::make_unique<ItemStorage>(*connection_)),
-      series_(std::make_unique<SeriesStorage>(*connection_)) {
+      series_(std::make_unique<SeriesStorage>(*connection_)),
+      mails_(std::make_unique<MailRows>(*connection_)) {
     // Who cannot write hears it here and not at the first record.
-    connection_->execute(dryRun_ ? "BEGIN IMMEDIATE" : "BEGIN IMMEDIATE; ROLLBACK", "opening it for writing");
+    constexpr std::string_view kAttempt = "opening it for writing";
+    dryRun_ ? connection_->beginTrial(kAttempt) : connection_->execute("BEGIN IMMEDIATE; ROLLBACK", kAttempt);
 }
 
 StoreFile::~StoreFile() {
+    mails_.reset();
     series_.reset();
     items_.reset();
     folders_.reset();

@@ -5,6 +5,7 @@
 #include "adapters/outlookstore/OutlookStore.h"
 #include "adapters/outlookstore/SeriesStorage.h"
 #include "adapters/outlookstore/Sqlite.h"
+#include "adapters/outlookstore/StoreMailRows.h"
 
 #include <memory>
 #include <string>
@@ -23,6 +24,7 @@ public:
     [[nodiscard]] FolderStorage& folders() { return *folders_; }
     [[nodiscard]] ItemStorage& items() { return *items_; }
     [[nodiscard]] SeriesStorage& series() { return *series_; }
+    [[nodiscard]] MailRows& mails() { return *mails_; }
     [[nodiscard]] Date now();
     [[nodiscard]] Connection& connection() { return *connection_; }
 
@@ -33,6 +35,7 @@ private:
     std::unique_ptr<FolderStorage> folders_;
     std::unique_ptr<ItemStorage> items_;
     std::unique_ptr<SeriesStorage> series_;
+    std::unique_ptr<MailRows> mails_;
 };
 
 /// A running Outlook, shared by all objects that were reached through it.

@@ -82,6 +82,11 @@ bool isIndexed(std::string_view property) {
            property == "AllDayEvent";
 }
 
+std::shared_ptr<MailParts> mailPartsOf(const std::shared_ptr<Instance>& instance, const ItemHead& head,
+                                       const std::shared_ptr<ItemData>& data) {
+    return head.type == outlook::ItemType::mail ? std::make_shared<MailParts>(instance, data, head.number) : nullptr;
+}
+
 }  // namespace
 
 StoreItem::StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const StoreRow> store, std::int64_t folder,
@@ -89,6 +94,7 @@ StoreItem::StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const S
     : instance_(std::move(instance)), store_(std::move(store)), data_(std::make_shared<ItemData>(type)) {
     head_.folder = folder;
     head_.type = type;
+    mail_ = mailPartsOf(instance_, head_, data_);
 }
 
 StoreItem::StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const StoreRow> store, LoadedItem loaded,
@@ -97,6 +103,7 @@ StoreItem::StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const S
       store_(std::move(store)),
       head_(loaded.head),
       data_(std::make_shared<ItemData>(std::move(loaded.data))),
+      mail_(mailPartsOf(instance_, head_, data_)),
       occurrenceDay_(occurrenceDay) {}
 
 std::string StoreItem::entryID() const {
@@ -129,6 +136,7 @@ void StoreItem::put(std::string_view property, const Variant& value) {
     const std::size_t index = indexOf(property);
     const PropertyRow& row = data_->table().rows()[index];
     if (row.access == PropertyAccess::readOnly) throw OutlookError{-1, nameOf(row.name) + " cannot be written"};
+    if (mail_) mail_->requireWritable(row.name);
     if (!data_->set(index, convertedFor(head_.type, row, value))) return;
     if (isIndexed(row.name)) keysChanged_ = true;
     if (head_.type == outlook::ItemType::appointment || head_.type == outlook::ItemType::task)
@@ -152,6 +160,7 @@ std::optional<Recurrence> StoreItem::recurrence() const {
 }
 
 bool StoreItem::saveIn(StoreFile& file) {
+    if (mail_) return mail_->save(head_, keysChanged_);
     if (occurrenceDay_) return saveOccurrence(file, head_, *data_, *occurrenceDay_);
     if (!newRecurrence_ && !isSeries(*data_)) return file.items().save(head_, *data_, file.now(), keysChanged_);
     return saveSeries(file, head_, *data_, newRecurrence_ ? &*newRecurrence_ : nullptr);
@@ -167,9 +176,12 @@ void StoreItem::save() {
 bool StoreItem::removeFrom(StoreFile& file) {
     if (occurrenceDay_) return removeOccurrence(file, head_, *occurrenceDay_);
     if (head_.number == 0) return true;
-    if (!isSeries(*data_)) return file.items().remove(head_.number);
-    Savepoint whole{file.connection(), "deleting a series"};
-    file.series().remove(head_.number);
+    if (!mail_ && !isSeries(*data_)) return file.items().remove(head_.number);
+    Savepoint whole{file.connection(), "deleting an item"};
+    if (mail_)
+        file.mails().remove(head_.number);
+    else
+        file.series().remove(head_.number);
     if (!file.items().remove(head_.number)) return false;
     whole.release();
     return true;
@@ -186,20 +198,34 @@ std::shared_ptr<outlook::port::UserProperties> StoreItem::userProperties() {
     return std::make_shared<StoreUserProperties>(data_);
 }
 
+const std::shared_ptr<MailParts>& StoreItem::requireMail(std::string_view member) const {
+    static_cast<void>(instance_->file());
+    if (!mail_) throw OutlookError{-1, nameOf(member) + " is kept of mails alone"};
+    return mail_;
+}
+
 std::shared_ptr<outlook::port::Recipients> StoreItem::recipients() {
-    throw OutlookError{-1, "The Outlook store cannot keep recipients yet"};
+    return recipientsOf(requireMail("Recipients"));
 }
 
 std::shared_ptr<outlook::port::Attachments> StoreItem::attachments() {
-    throw OutlookError{-1, "The Outlook store cannot keep attachments yet"};
+    return attachmentsOf(requireMail("Attachments"));
 }
 
+// Without a window, a mail is shown where its user finds it: among the drafts.
 void StoreItem::display(bool) {
-    throw OutlookError{-1, "The Outlook store cannot show items yet"};
+    static_cast<void>(instance_->file());
+    if (isDeleted_) failAsGone();
+    if (mail_ && !mail_->isSubmitted()) save();
 }
 
 void StoreItem::send() {
-    throw OutlookError{-1, "The Outlook store cannot send mails yet"};
+    const auto& mail = requireMail("Send");
+    if (isDeleted_) failAsGone();
+    mail->requireDraft();
+    mail->requireAddresses();
+    if (!mail->submit(head_, store_->number)) failAsGone();
+    keysChanged_ = false;
 }
 
 }  // namespace wmoutlook::outlookstore

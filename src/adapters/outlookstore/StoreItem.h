@@ -3,6 +3,7 @@
 #include "adapters/outlookstore/ItemData.h"
 #include "adapters/outlookstore/Recurrence.h"
 #include "adapters/outlookstore/StoreFile.h"
+#include "adapters/outlookstore/StoreMail.h"
 #include "platform/outlook/ObjectModel.h"
 
 #include <memory>
@@ -40,17 +41,22 @@ public:
     void setRecurrence(Recurrence recurrence);
     /// Of a series; with its exceptions.
     [[nodiscard]] std::optional<Recurrence> recurrence() const;
+    /// Of a mail, otherwise nothing.
+    [[nodiscard]] const std::shared_ptr<MailParts>& mail() const { return mail_; }
 
 private:
     bool saveIn(StoreFile& file);
     bool removeFrom(StoreFile& file);
+    /// Throws OutlookError for an item that is no mail.
+    [[nodiscard]] const std::shared_ptr<MailParts>& requireMail(std::string_view member) const;
     [[nodiscard]] std::size_t indexOf(std::string_view property) const;
     [[nodiscard]] std::string nameOf(std::string_view property) const;
 
     std::shared_ptr<Instance> instance_;
     std::shared_ptr<const StoreRow> store_;
     ItemHead head_;
-    std::shared_ptr<ItemData> data_;           ///< shared with the user properties that were handed out
+    std::shared_ptr<ItemData> data_;  ///< shared with the user properties that were handed out
+    std::shared_ptr<MailParts> mail_;
     std::optional<DayNumber> occurrenceDay_;   ///< it is the occurrence of a series on this day of its pattern
     std::optional<Recurrence> newRecurrence_;  ///< waits for the next save
     bool keysChanged_ = false;

@@ -105,6 +105,11 @@ ListedItem listed(const StoreItem& item, std::string folder) {
                       item.recurrence()};
     for (const UserPropertyData& property : item.data().userProperties())
         result.userProperties.push_back({property.name, property.type, property.value});
+    if (!item.mail()) return result;
+    for (const RecipientRow& recipient : item.mail()->recipients())
+        result.recipients.push_back({recipient.type, recipient.name, recipient.address});
+    for (const AttachmentRow& attachment : item.mail()->attachments())
+        result.attachments.push_back({attachment.fileName, attachment.displayName, attachment.size});
     return result;
 }
 
@@ -191,6 +196,13 @@ ListedItem describe(const outlook::port::Item& item) {
     FolderStorage& folders = own.instance()->file().folders();
     const auto folder = folders.find(own.head().folder);
     return listed(own, folder ? pathOf(folders, *folder) : std::string{});
+}
+
+std::string attachmentContent(const outlook::port::Item& mail, std::size_t index) {
+    const StoreItem& own = ownItem(mail);
+    if (!own.mail() || index >= own.mail()->attachments().size())
+        throw OutlookError{-1, "The item of the Outlook store has no such attachment"};
+    return own.mail()->content(index, own.head().number);
 }
 
 std::shared_ptr<outlook::port::Item> findItem(Automation& store, std::string_view entryID) {

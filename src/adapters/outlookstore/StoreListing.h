@@ -5,6 +5,7 @@
 #include "platform/Variant.h"
 #include "platform/outlook/ObjectModel.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -31,6 +32,18 @@ struct ListedUserProperty {
     Variant value;  ///< null when it was never set
 };
 
+struct ListedRecipient {
+    outlook::RecipientType type = outlook::RecipientType::to;
+    std::string name;
+    std::string address;  ///< empty while it is not resolved
+};
+
+struct ListedAttachment {
+    std::string fileName;
+    std::string displayName;
+    std::int64_t size = 0;  ///< in bytes
+};
+
 struct ListedItem {
     std::string entryID;  ///< empty for an item that was never saved
     std::string storeID;
@@ -39,7 +52,9 @@ struct ListedItem {
     outlook::ItemClass itemClass = outlook::ItemClass::mail;
     std::vector<ListedProperty> properties;  ///< those that differ from the default, without EntryID and Class, in table order
     std::vector<ListedUserProperty> userProperties;
-    std::optional<Recurrence> recurrence;  ///< of a series, not of its occurrences
+    std::optional<Recurrence> recurrence;       ///< of a series, not of its occurrences
+    std::vector<ListedRecipient> recipients{};  ///< of a mail, in the order in which they were added
+    std::vector<ListedAttachment> attachments{};
 };
 
 struct ListedFolder {
@@ -80,6 +95,9 @@ void setRecurrence(outlook::port::Item& item, const Recurrence& recurrence);
 
 /// What an item of an embedded store holds now, saved or not.
 [[nodiscard]] ListedItem describe(const outlook::port::Item& item);
+
+/// The bytes of an attachment, by its place among the attachments that `describe` gives.
+[[nodiscard]] std::string attachmentContent(const outlook::port::Item& mail, std::size_t index);
 
 /// The item of this identifier, in whichever store of the file it lies.
 [[nodiscard]] std::shared_ptr<outlook::port::Item> findItem(outlook::port::Automation& store, std::string_view entryID);

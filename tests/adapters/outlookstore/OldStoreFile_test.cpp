@@ -116,11 +116,14 @@ TEST(OldStoreFile, AFileOfVersion1IsBroughtUpToDateWithItsItems) {
     for (int opening = 0; opening < 2; ++opening) {
         const Session session{path};
         EXPECT_EQ(session.contacts->items()->count(), 1);
+        const auto mail = session.application->createItem(outlook::ItemType::mail);
+        mail->recipients()->add("anne@example.ca");
+        EXPECT_NO_THROW(mail->send());
     }
     const std::string absent = seconds(absentDate()) + "/- ";
     EXPECT_EQ(keysOf(), seconds(*makeDate({2026, 11, 24, 9, 0, 0})) + "/- " + seconds(*makeDate({2026, 11, 23, 9, 0, 0})) +
                             "/- " + absent + "-/- -/" + seconds(makeDay(2026, 11, 30)) + " -/" + seconds(makeDay(2026, 11, 29)) +
-                            " " + absent)
+                            " " + absent + "-/- -/- ")
         << "an item that cannot be read hinders nobody";
 }
 
