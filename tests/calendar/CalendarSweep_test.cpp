@@ -1,6 +1,6 @@
 #include "tests/calendar/SmallCalendar.h"
-#include "tests/support/DyingProcess.h"
 #include "tests/support/FaultyRun.h"
+#include "tests/support/KillSweep.h"
 
 namespace wmoutlook::testing {
 namespace {
@@ -54,39 +54,14 @@ TEST(LastingCalendarFaults, EndTheRun) {
         sweepLastingFaults<SmallCalendar>(answer, selectAll, expectRowsKept);
 }
 
-void synchronizeAll(TestHost& host, const SmallCalendar& calendar) {
-    const auto component = host.component();
-    calendar.selectAll(*component);
-    component->startOutlook();
-    component->synchronize();
-}
-
 /// A process that dies between the save of an item and that of its link leaves the item behind without one: the calendar, unlike
 /// the contacts, has no search by which the next run would know it again. That is one item at most.
 TEST(CalendarKills, ProcessThatDiesInAnyWriteLeavesSoundStoresAndTheNextRunConverges) {
-    const TemporaryFolder prepared;
-    const FirmFiles firmFiles = FirmFiles::make(prepared);
-    const SmallCalendar calendar = [&] {
-        TestHost host{firmFiles};
-        return SmallCalendar{*host.database};
-    }();
-    int write = 1;
-    for (bool isKilled = true; isKilled && !::testing::Test::HasFailure(); ++write) {
-        SCOPED_TRACE("write " + std::to_string(write));
-        const TemporaryFolder folder;
-        const FirmFiles files = firmFiles.copyTo(folder);
-        isKilled = dies(write, [&] {
-            TestHost host{files};
-            synchronizeAll(host, calendar);
-        });
-        ASSERT_TRUE(isSound(files.firm));
-        ASSERT_TRUE(isSound(files.outlook));
-        TestHost host{files};
-        synchronizeAll(host, calendar);
+    const int runs = sweepKills<SmallCalendar>([](const SmallCalendar&, TestHost& host) {
         SmallCalendar::expectComplete(host);
         EXPECT_LE(SmallCalendar::itemsOf(host).size(), 4U);
-    }
-    EXPECT_GT(write, 30);
+    });
+    EXPECT_GT(runs, 30);
 }
 
 }  // namespace

@@ -78,14 +78,6 @@ protected:
             text += item->get("Subject").toText() + " " + toIsoText(item->get("Start").toDate()) + "\n";
         return text;
     }
-    static std::string messageOf(const std::function<void()>& action) {
-        try {
-            action();
-        } catch (const OutlookError& error) {
-            return error.what();
-        }
-        return {};
-    }
 
     TestFolder folder;
     std::string path = folder.file("outlook.db");

@@ -36,15 +36,6 @@ INSTANTIATE_TEST_SUITE_P(EmbeddedStore, OutlookContract,
                              }}),
                          [](const auto& test) { return test.param.name; });
 
-std::string messageOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const OutlookError& error) {
-        return error.what();
-    }
-    return {};
-}
-
 /// Nothing for a folder or a file that is not there.
 std::string bytesOf(const std::string& path) {
     if (!std::filesystem::is_regular_file(path)) return {};

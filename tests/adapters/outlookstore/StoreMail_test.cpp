@@ -30,14 +30,6 @@ protected:
         std::ofstream{folder.file(name), std::ios::binary} << content;
         return folder.file(name);
     }
-    static std::string messageOf(const std::function<void()>& action) {
-        try {
-            action();
-        } catch (const OutlookError& error) {
-            return error.what();
-        }
-        return {};
-    }
 
     TestFolder folder;
     std::string path = folder.file("outlook.db");
@@ -149,8 +141,8 @@ TEST_F(StoreMail, WhatCannotBeIsRefusedWithoutTheName) {
     mail->recipients()->add("anne@example.ca");
     const std::string unresolved = messageOf([&] { mail->send(); });
     EXPECT_EQ(unresolved.rfind("The mail cannot be sent: 1 of its 2 recipients cannot be resolved; ", 0), 0U) << unresolved;
-    EXPECT_THROW(mail->recipients()->item(0), OutlookError);
-    EXPECT_THROW(mail->recipients()->item(3), OutlookError);
+    EXPECT_NE(messageOf([&] { static_cast<void>(mail->recipients()->item(0)); }), "");
+    EXPECT_NE(messageOf([&] { static_cast<void>(mail->recipients()->item(3)); }), "");
     struct Case {
         std::string attached, said;
     };
@@ -166,7 +158,7 @@ TEST_F(StoreMail, WhatCannotBeIsRefusedWithoutTheName) {
         EXPECT_NE(message.find(c.said), std::string::npos) << c.attached << ": " << message;
     }
     EXPECT_EQ(mail->attachments()->count(), 0);
-    EXPECT_THROW(session.contacts->items()->add(std::nullopt)->recipients(), OutlookError);
+    EXPECT_NE(messageOf([&] { static_cast<void>(session.contacts->items()->add(std::nullopt)->recipients()); }), "");
     EXPECT_EQ(count(session, DefaultFolder::drafts) + count(session, DefaultFolder::outbox), 0);
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "adapters/outlookstore/OutlookStore.h"
+#include "platform/Errors.h"
 #include "platform/outlook/PropertyNames.h"
 
 #include <gtest/gtest.h>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -55,6 +57,16 @@ public:
 private:
     std::uint64_t state_;
 };
+
+/// What the action's OutlookError says; empty when it throws none.
+inline std::string messageOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const OutlookError& error) {
+        return error.what();
+    }
+    return {};
+}
 
 /// An open session on a file.
 struct Session {
