@@ -99,7 +99,7 @@ std::string drawnBy(bool isTerminal, bool mayColour, int steps, std::int32_t max
         dialog.close();
     });
     dialog.setMaximum(maximum);
-    dialog.setMessage("Synchronizing \x1b]0;evil\x07");
+    dialog.setMessage("Synchronizing \x1b]0;evil\x07\xC2\x9B");
     dialog.show(true);
     EXPECT_EQ(record->value, steps);
     EXPECT_EQ(record->messages.size(), 1U);
@@ -110,7 +110,7 @@ TEST(BarProgressDialog, ShowsABarOnATerminalAfterASecond) {
     EXPECT_EQ(drawnBy(true, false, 2, 10), "");
     EXPECT_EQ(drawnBy(false, false, 20, 10), "");
     const std::string plain = drawnBy(true, false, 3, 6);
-    EXPECT_EQ(plain, "\r\x1b[K[###############...............] 3 Synchronizing  ]0;evil \r\x1b[K");
+    EXPECT_EQ(plain, "\r\x1b[K[###############...............] 3 Synchronizing  ]0;evil  \r\x1b[K");
     EXPECT_NE(drawnBy(true, true, 3, 6).find("\x1b[32m"), std::string::npos);
 }
 

@@ -57,11 +57,14 @@ Json itemToJson(const ListedItem& item) {
 }
 
 std::string itemToLine(const ListedItem& item) {
-    std::string title;
+    std::string title, start;
+    if (item.type == ItemType::appointment)
+        for (const auto& property : item.properties)
+            if (property.name == "Start") start = toIsoText(property.value.toDate()) + "  ";
     for (const std::string_view name : {"Subject", "FullName", "FileAs"})  // the last one that is set
         for (const auto& property : item.properties)
             if (property.name == name) title = property.value.toText();
-    return item.entryID + "  " + std::string{nameOf(item.type)} + "  " + onOneLine(title);
+    return item.entryID + "  " + std::string{nameOf(item.type)} + "  " + start + onOneLine(title);
 }
 
 std::shared_ptr<outlook::port::Item> makeItem(outlook::port::Automation& store, const NewItem& item) {

@@ -16,7 +16,7 @@
 namespace wmoutlook {
 
 [[nodiscard]] Json itemToJson(const outlookstore::ListedItem& item);
-/// One line for people: identifier, type of item and its title.
+/// One line for people: identifier, type of item, of an appointment the start, and its title.
 [[nodiscard]] std::string itemToLine(const outlookstore::ListedItem& item);
 
 /// An item that is to be made, checked against the properties of its type.

@@ -26,8 +26,13 @@ std::string barOf(std::int64_t done, std::int64_t whole) {
 /// A message names clients, and a name from outside must not steer the terminal.
 std::string onOneLine(std::string_view message) {
     std::string line{firstCharacters(message, kMessageWidth)};
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(line[i]);
+        if (byte < 0x20 || byte == 0x7F) line[i] = ' ';
+        const auto next = i + 1 < line.size() ? static_cast<unsigned char>(line[i + 1]) : 0;
+        if (byte == 0xC2 && next >= 0x80 && next < 0xA0)
+            line.replace(i, 2, " ");  // terminals take these for escape sequences too
+    }
     return line;
 }
 

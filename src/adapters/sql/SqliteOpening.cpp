@@ -125,6 +125,16 @@ void requireColumns(SqliteConnection& connection) {
              "; add what is missing as docs/schema.md declares it, or choose a firm's file that this version made.");
 }
 
+/// Without writing beside the file its log cannot be read, and what stands in there is the newest.
+void requireNoLog(const std::string& path) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(nativePath(path + "-wal"), error);
+    if (!error && size > 0)
+        fail(Fault::cannotOpen, named(path) + " has changes in \"" + path +
+                                    "-wal\" that cannot be read in a folder that cannot be written to; copy both files to "
+                                    "another folder and open the copy.");
+}
+
 /// A file that may be written is opened so even for reading, with writing switched off, because only then the engine tidies up
 /// its log at the end. One in a folder that cannot be written to is read as it lies there.
 std::unique_ptr<SqliteConnection> connectForReading(const std::string& path, int timeout) {
@@ -137,6 +147,7 @@ std::unique_ptr<SqliteConnection> connectForReading(const std::string& path, int
         const int code = error.number() & 0xFF;
         if (code != SQLITE_CANTOPEN && code != SQLITE_READONLY && code != SQLITE_PERM) throw;
     }
+    requireNoLog(path);
     return std::make_unique<SqliteConnection>(path, SqliteConnection::Mode::immutable, timeout);
 }
 
