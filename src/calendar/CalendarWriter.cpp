@@ -18,31 +18,47 @@ using ValueHelper::isNullOrEmpty;
 
 namespace {
 
-/// The client of a calendar row under the name that stands in the item; nothing when the row has none.
+/// The client of a calendar row under the name that stands in the item. One that could not be told changes nothing in Outlook.
 struct Client {
-    using NameOfContact = std::string (*)(std::int32_t);
-
-    std::optional<std::string> name;
-
-    Client(const Recordset& row, NameOfContact nameOfContact) {
-        const std::int32_t companyID = row.number("CompanyIDNum", kNoRecord);
-        if (modDatabaseFunctions::validCompanyID(companyID)) {
-            name = modDatabaseFunctions::getCompanyNameFromCompanyID(companyID);
-            return;
-        }
-        const std::int32_t contactID = row.number("ContactIDNum", kNoRecord);
-        if (modDatabaseFunctions::validContactID(contactID)) name = nameOfContact(contactID);
-    }
+    bool isTold = false;
+    std::optional<std::string> name{};  ///< nothing when the row has no client
 };
+
+Client named(std::optional<std::string> name) {
+    const bool isTold = name.has_value();
+    return {isTold, std::move(name)};
+}
+
+using NameOfContact = std::optional<std::string> (*)(std::int32_t);
+
+Client clientOf(const Recordset& row, NameOfContact nameOfContact) {
+    const auto companyID = row.numberIfRead("CompanyIDNum", kNoRecord);
+    const auto hasCompany = companyID ? modDatabaseFunctions::validCompanyIDIfTold(*companyID) : std::nullopt;
+    if (!hasCompany) return {};
+    if (*hasCompany) return named(modDatabaseFunctions::getCompanyNameFromCompanyIDIfTold(*companyID));
+    const auto contactID = row.numberIfRead("ContactIDNum", kNoRecord);
+    const auto hasContact = contactID ? modDatabaseFunctions::validContactIDIfTold(*contactID) : std::nullopt;
+    if (!hasContact) return {};
+    return *hasContact ? named(nameOfContact(*contactID)) : Client{.isTold = true};
+}
+
+/// The row's subject with its client behind it; nothing when one of them could not be told.
+std::optional<std::string> subjectFor(const Recordset& row, const Client& client, std::string_view joint) {
+    auto subject = row.textIfRead("Subject");
+    if (!subject || !client.isTold) return std::nullopt;
+    if (client.name) subject->append(joint).append(*client.name);
+    return subject;
+}
 
 /// The day of the row joined with one of its times; a blank time is midnight. Nothing when the day is blank or was not read.
 std::optional<Date> moment(const Recordset& row, std::string_view timeField) {
     const auto day = row.dateIfRead("DateFrom");
     if (!day) return std::nullopt;
-    const Variant time = row.field(timeField);
-    if (isNullOrEmpty(time)) return dayOf(*day);
+    const auto time = row.fieldIfRead(timeField);
+    if (!time) return std::nullopt;
+    if (isNullOrEmpty(*time)) return dayOf(*day);
     return statement([&]() -> std::optional<Date> {
-        return fromSecondsSinceDayZero(secondsSinceDayZero(dayOf(*day)) + secondsSinceDayZero(timeOf(time.toDate())));
+        return fromSecondsSinceDayZero(secondsSinceDayZero(dayOf(*day)) + secondsSinceDayZero(timeOf(time->toDate())));
     });
 }
 
@@ -54,11 +70,12 @@ void repairBlankClient(const Recordset& row) {
 
 /// Without a reminder in the host, one that was set by hand in Outlook stays.
 void writeReminder(const outlook::Item& item, const Recordset& row) {
-    constexpr std::int32_t kDefaultMinutes = 5;
     if (!row.truth("Remind")) return;
     item.put(property::ReminderSet, true);
-    const std::string period = row.text("ReminderPeriod");
-    item.put(property::ReminderMinutesBeforeStart, statement([&] { return reminderMinutes(period); }, kDefaultMinutes));
+    const auto period = row.textIfRead("ReminderPeriod");
+    if (period)
+        item.put(property::ReminderMinutesBeforeStart,
+                 statement([&] { return reminderMinutes(*period); }, kDefaultReminderMinutes));
 }
 
 }  // namespace
@@ -99,10 +116,9 @@ void CalendarWriter::writeAppointment(const outlook::Item& item, const Recordset
     if (const auto end = moment(row, "TimeTo")) item.put(property::End, *end);
     repairBlankClient(row);
 
-    const Client client{row, modDatabaseFunctions::getContactNameFromContactID};
+    const Client client = clientOf(row, modDatabaseFunctions::getContactNameFromContactIDIfTold);
     if (client.name) item.put(property::Companies, *client.name);
-    if (const auto subject = row.textIfRead("Subject"))
-        item.put(property::Subject, client.name ? *subject + " with " + *client.name : *subject);
+    if (const auto subject = subjectFor(row, client, " with ")) item.put(property::Subject, *subject);
 
     writeBody(item, row);
     writeReminder(item, row);
@@ -112,9 +128,8 @@ void CalendarWriter::writeAppointment(const outlook::Item& item, const Recordset
 void CalendarWriter::writeTask(const outlook::Item& item, const Recordset& row) const {
     if (const auto day = row.dateIfRead("DateFrom")) item.put(property::DueDate, *day);
 
-    const Client client{row, modDatabaseFunctions::getDisplayNameFromContactID};
-    if (const auto subject = row.textIfRead("Subject"))
-        item.put(property::Subject, client.name ? *subject + " for " + *client.name : *subject);
+    const Client client = clientOf(row, modDatabaseFunctions::getDisplayNameFromContactIDIfTold);
+    if (const auto subject = subjectFor(row, client, " for ")) item.put(property::Subject, *subject);
     if (client.name) item.put(property::Companies, *client.name);
 
     if (const auto isClosed = row.truthIfRead("Closed")) item.put(property::Complete, *isClosed);

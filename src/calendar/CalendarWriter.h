@@ -45,7 +45,10 @@ private:
     const CalendarTable& table_;
 };
 
-/// The minutes of a reminder text such as "15 Min", "1 Hr", "2 Days" or "1 Week"; 5 for a text without such a word. A text that
+inline constexpr std::int32_t kDefaultReminderMinutes = 5;
+
+/// The minutes of a reminder text such as "15 Min", "1 Hr", "2 Days" or "1 Week"; kDefaultReminderMinutes for a
+/// text without such a word. A text that
 /// does not begin with a number, and more minutes than 16 bits hold, are a ConversionError.
 [[nodiscard]] std::int32_t reminderMinutes(std::string_view period);
 

@@ -34,11 +34,14 @@ void deleteInHost(const CalendarTable& table, std::int32_t hostID) {
         modDatabaseFunctions::deleteAppointment(hostID, true);
 }
 
-/// The link of a contact has neither number; a link that could not be read passes for one.
-bool isOfContact(const Recordset& link) {
+/// The AppointmentNum of a link that is to be followed. Nothing for the link of a contact, which has neither number, in a run of
+/// appointments for that of a task too, and for one that could not be read.
+std::optional<std::string> numberToFollow(const CalendarTable& table, const Recordset& link) {
     const auto appointmentNum = link.textIfRead(kAppointmentsTable.linkField);
+    if (!appointmentNum || !isNullOrEmpty(*appointmentNum)) return appointmentNum;
+    if (!isTasks(table)) return std::nullopt;
     const auto taskNum = link.textIfRead(kTasksTable.linkField);
-    return !appointmentNum || !taskNum || (isNullOrEmpty(*appointmentNum) && isNullOrEmpty(*taskNum));
+    return taskNum && !isNullOrEmpty(*taskNum) ? appointmentNum : std::nullopt;
 }
 
 }  // namespace
@@ -61,7 +64,8 @@ void DeletionReconciliation::deleteMissingTallowbrookApptsInOutlook(std::string_
                   const auto entryID = link.textIfRead("OutlookID");
                   if (!entryID) return;
                   // Errors are not ignored here: an item that Outlook does not give is a failure, and so is deleting nothing.
-                  run_.outlook.nameSpace.getItemFromID(*entryID, storeID).remove();
+                  const outlook::Item item = run_.outlook.nameSpace.getItemFromID(*entryID, storeID);
+                  if (!item.remove() && !item.isNothing()) return;  // it is still there, and its link with it
                   yieldTwice();
                   link.deleteRecord();
               });
@@ -71,18 +75,15 @@ void DeletionReconciliation::deleteMissingOutlookApptsInTallowbrook(std::string_
     walkLinks("wmoutlooktb.dll-clsOutlookSynchronization-deleteMissingOutlookApptsInTallowbrook", storeID,
               [&](const Recordset& link) {
                   const std::string entryID = link.text("OutlookID");
-                  if (isNullOrEmpty(entryID) || isOfContact(link)) return;
+                  const auto number = numberToFollow(table_, link);
+                  if (isNullOrEmpty(entryID) || !number) return;
                   if (run_.outlook.nameSpace.findItemFromID(entryID, storeID).isNothing()) return;
-                  const auto number = link.textIfRead(kAppointmentsTable.linkField);
-                  if (!number) return;
                   const std::int32_t hostID = statement([&] { return Variant{*number}.toInteger(); }, kNoRecord);
-                  const auto isThere = isInHost(table_, hostID);
-                  if (!isThere) return;
-                  if (*isThere) {
+                  if (isInHost(table_, hostID).value_or(false)) {
                       const KeptPosition position{link};
                       deleteInHost(table_, hostID);
                   }
-                  link.deleteRecord();
+                  if (isInHost(table_, hostID) == false) link.deleteRecord();  // not while the row is, or may be, there
               });
 }
 

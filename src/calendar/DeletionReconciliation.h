@@ -17,7 +17,9 @@ public:
     void deleteMissingTallowbrookApptsInOutlook(std::string_view storeID) const;
     /// Acts on the links whose item Outlook still gives, on purpose: their host rows are deleted with completed reminders and
     /// sent notifications kept, and the links go too. A link whose item is gone stays, with its row. The number of the row is
-    /// read from AppointmentNum in a run of tasks too, where the links hold none: that is a failure of this routine.
+    /// read from AppointmentNum in a run of tasks too: where a link holds none that is a failure of this routine, and the number
+    /// that an appointment's link of the same store holds deletes the task of that number. A run of appointments passes over the
+    /// links of tasks.
     void deleteMissingOutlookApptsInTallowbrook(std::string_view storeID) const;
 
 private:

@@ -1,6 +1,7 @@
 #include "calendar/CalendarWriter.h"
 #include "platform/Errors.h"
 #include "platform/Text.h"
+#include "platform/Variant.h"
 
 #include <limits>
 
@@ -13,8 +14,6 @@ struct UnitRow {
     std::int32_t minutes;
 };
 
-constexpr std::int32_t kDefaultMinutes = 5;
-
 /// Tried in this order, anywhere in the text: "Days" before the "Day" that it holds.
 constexpr UnitRow kUnits[] = {
     {"min", 1}, {"hr", 60}, {"days", 1440}, {"day", 1440}, {"weeks", 10080}, {"week", 10080},
@@ -23,7 +22,8 @@ constexpr UnitRow kUnits[] = {
 /// The host calculates reminders with 16 bits: four weeks are too many.
 std::int32_t as16Bit(std::int32_t number) {
     using Limits = std::numeric_limits<std::int16_t>;
-    if (number < Limits::min() || number > Limits::max()) throw ConversionError{"a reminder of more than 16 bits"};
+    if (number < Limits::min() || number > Limits::max())
+        throw ConversionError{"The reminder period has more minutes than 16 bits hold"};
     return number;
 }
 
@@ -36,7 +36,7 @@ std::int32_t reminderMinutes(std::string_view period) {
         const std::string count = replaceAll(text, unit.word, "");
         return as16Bit(as16Bit(Variant{trimmed(count)}.toInteger()) * unit.minutes);
     }
-    return kDefaultMinutes;
+    return kDefaultReminderMinutes;
 }
 
 }  // namespace wmoutlook

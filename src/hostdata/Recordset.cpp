@@ -46,6 +46,19 @@ Recordset::~Recordset() noexcept(false) {
             exceptionsAtOpening_, [&] { return database_->closeRecordset(handle_), true; }, true);
 }
 
+/// Reads and converts a field in one statement, so that trying again meets a row that was put right meanwhile.
+template <class Convert>
+auto Recordset::converted(std::string_view name, Convert convert) const {
+    return statement([&] {
+        const Variant value = database().getField(handle_, name);
+        try {
+            return convert(value);
+        } catch (const ConversionError& error) {
+            throw ConversionError{"The field \"" + std::string{name} + "\" holds what cannot be used: " + error.what()};
+        }
+    });
+}
+
 HostDatabase& Recordset::database() const {
     if (!database_) throw ObjectNotSet{"host database"};
     return *database_;
@@ -86,22 +99,30 @@ std::string Recordset::text(std::string_view name) const {
     return field(name).toText();
 }
 
+std::optional<Variant> Recordset::fieldIfRead(std::string_view name) const {
+    return statement([&]() -> std::optional<Variant> { return database().getField(handle_, name); });
+}
+
 std::optional<std::string> Recordset::textIfRead(std::string_view name) const {
     return statement([&]() -> std::optional<std::string> { return database().getField(handle_, name).toText(); });
 }
 
 std::optional<Date> Recordset::dateIfRead(std::string_view name) const {
-    return statement([&]() -> std::optional<Date> { return database().getField(handle_, name).toDate(); });
+    return converted(name, [](const Variant& value) { return std::optional{value.toDate()}; });
 }
 
 std::optional<bool> Recordset::truthIfRead(std::string_view name) const {
-    return statement([&]() -> std::optional<bool> { return database().getField(handle_, name).toBoolean(); });
+    return converted(name, [](const Variant& value) { return std::optional{value.toBoolean()}; });
+}
+
+std::optional<std::int32_t> Recordset::numberIfRead(std::string_view name, std::int32_t fallback) const {
+    return converted(name, [&](const Variant& value) {
+        return std::optional{ValueHelper::isNullOrEmpty(value) ? fallback : value.toInteger()};
+    });
 }
 
 std::int32_t Recordset::number(std::string_view name, std::int32_t fallback) const {
-    const Variant value = field(name);
-    if (ValueHelper::isNullOrEmpty(value)) return fallback;
-    return statement([&] { return value.toInteger(); }, fallback);
+    return numberIfRead(name, fallback).value_or(fallback);
 }
 
 bool Recordset::truth(std::string_view name) const {

@@ -34,12 +34,15 @@ public:
     [[nodiscard]] Variant field(std::string_view name) const;
     [[nodiscard]] std::string text(std::string_view name) const;  ///< "" for a blank value
     /// Nothing when the read was skipped, so that a failing service does not blank what the value was meant for.
+    [[nodiscard]] std::optional<Variant> fieldIfRead(std::string_view name) const;
     [[nodiscard]] std::optional<std::string> textIfRead(std::string_view name) const;
     /// Nothing when the read was skipped or the value is no date (no truth value); a null is neither.
     [[nodiscard]] std::optional<Date> dateIfRead(std::string_view name) const;
     [[nodiscard]] std::optional<bool> truthIfRead(std::string_view name) const;
     /// The fallback for a blank value and for one that is no number.
     [[nodiscard]] std::int32_t number(std::string_view name, std::int32_t fallback) const;
+    /// The fallback for a blank value; nothing when the read was skipped or the value is no number.
+    [[nodiscard]] std::optional<std::int32_t> numberIfRead(std::string_view name, std::int32_t fallback) const;
     [[nodiscard]] bool truth(std::string_view name) const;  ///< false for a blank value
 
     bool findFirst(std::string_view field, std::string_view value) const;
@@ -60,6 +63,8 @@ public:
 private:
     friend class KeptPosition;
 
+    template <class Convert>
+    [[nodiscard]] auto converted(std::string_view name, Convert convert) const;
     [[nodiscard]] HostDatabase& database() const;
     [[nodiscard]] bool isOpen() const { return handle_ != kNoRecordset; }
 

@@ -20,6 +20,13 @@ inline constexpr std::string_view kClientNoLongerExists = "<Client no longer exi
 [[nodiscard]] std::string getCompanyNameFromCompanyID(std::int32_t companyID);  ///< or kClientNoLongerExists
 [[nodiscard]] std::string getContactNameFromContactID(std::int32_t contactID);  ///< DisplayName, or kClientNoLongerExists
 [[nodiscard]] std::string getDisplayNameFromContactID(std::int32_t contactID);
+
+// The same; nothing when it could not be told, so that a failing service leaves a name in Outlook as it is.
+
+[[nodiscard]] std::optional<std::string> getCompanyNameFromCompanyIDIfTold(std::int32_t companyID);
+[[nodiscard]] std::optional<std::string> getContactNameFromContactIDIfTold(std::int32_t contactID);
+[[nodiscard]] std::optional<std::string> getDisplayNameFromContactIDIfTold(std::int32_t contactID);
+
 [[nodiscard]] std::string getCategoryNameFromCategoryID(std::int32_t categoryID);
 
 // One number from another (modDatabaseFunctions_LookUps.cpp)
@@ -55,6 +62,7 @@ inline constexpr std::string_view kClientNoLongerExists = "<Client no longer exi
 // Nothing when it could not be told: what is deleted or written because a record is gone waits for a certain answer.
 
 [[nodiscard]] std::optional<bool> validCompanyIDIfTold(std::int32_t companyID);
+[[nodiscard]] std::optional<bool> validContactIDIfTold(std::int32_t contactID);
 [[nodiscard]] std::optional<bool> validAppointmentIDIfTold(std::int32_t appointmentID);
 [[nodiscard]] std::optional<bool> validTaskIDIfTold(std::int32_t taskID);
 

@@ -30,7 +30,8 @@ void deleteScheduleClientNotifications(std::int32_t scheduleID);  ///< those tha
 /// The lowest number from 1 that no row has in RepeatNum; -1 when that cannot be told.
 [[nodiscard]] std::int32_t getAppointmentRepeatUniqueID(CalendarType type);
 
-// Times (modDatabaseFunctions_FreeTime.cpp). They are times of day, to the minute.
+// Times (modDatabaseFunctions_FreeTime.cpp). They are times of day; an end behind midnight
+// stands on the day behind day 0.
 
 /// The start of a free time of so many hours in the user's office day, 9:00 to 17:00. Only records of the given type are looked
 /// at, and of these only those that start at 9:00 or later and end before 17:00. On a full day a full hour is picked at random.

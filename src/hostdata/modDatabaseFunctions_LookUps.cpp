@@ -25,14 +25,15 @@ struct LookUp {
     [[nodiscard]] std::string column(std::string_view name) const { return std::string{table} + "." + std::string{name}; }
 };
 
-std::string lookUpText(const LookUp& lookUp, std::int32_t number, std::string_view whenMissing = {}) {
-    std::string text;
+/// Nothing when the database is closed or does not tell.
+std::optional<std::string> lookUpText(const LookUp& lookUp, std::int32_t number, std::string_view whenMissing = {}) {
+    std::optional<std::string> text;
     Routine routine{lookUp.errorTag};
     routine.run([&] {
         if (!isDatabaseOpen()) return;
         const Recordset rows{lookUp.query(number)};
         const auto isThere = rows.hasRowsIfTold();
-        if (isThere) text = *isThere ? rows.text(lookUp.wanted) : std::string{whenMissing};
+        if (isThere) text = *isThere ? rows.textIfRead(lookUp.wanted) : std::string{whenMissing};
     });
     return text;
 }
@@ -120,26 +121,39 @@ std::string_view orderByCompanyName() {
 }  // namespace
 
 std::string getCompanyNameFromCompanyID(std::int32_t companyID) {
+    return getCompanyNameFromCompanyIDIfTold(companyID).value_or("");
+}
+
+std::optional<std::string> getCompanyNameFromCompanyIDIfTold(std::int32_t companyID) {
     return lookUpText(
         {"Tallowbrook.exe-modDatabaseFunctions-getCompanyNameFromCompanyID", "Companies", "CompanyID", "CompanyName"}, companyID,
         kClientNoLongerExists);
 }
 
 std::string getContactNameFromContactID(std::int32_t contactID) {
+    return getContactNameFromContactIDIfTold(contactID).value_or("");
+}
+
+std::optional<std::string> getContactNameFromContactIDIfTold(std::int32_t contactID) {
     return lookUpText(
         {"Tallowbrook.exe-modDatabaseFunctions-getContactNameFromContactID", "Contacts", "ContactID", "DisplayName"}, contactID,
         kClientNoLongerExists);
 }
 
 std::string getDisplayNameFromContactID(std::int32_t contactID) {
+    return getDisplayNameFromContactIDIfTold(contactID).value_or("");
+}
+
+std::optional<std::string> getDisplayNameFromContactIDIfTold(std::int32_t contactID) {
     return lookUpText(
         {"Tallowbrook.exe-modDatabaseFunctions-getDisplayNameFromContactID", "Contacts", "ContactID", "DisplayName"}, contactID);
 }
 
 std::string getCategoryNameFromCategoryID(std::int32_t categoryID) {
     return lookUpText(
-        {"Tallowbrook.exe-modDatabaseFunctions-getCategoryNameFromCategoryID", "Categories", "CategoryID", "CategoryName"},
-        categoryID);
+               {"Tallowbrook.exe-modDatabaseFunctions-getCategoryNameFromCategoryID", "Categories", "CategoryID", "CategoryName"},
+               categoryID)
+        .value_or("");
 }
 
 std::int32_t getClientDataIDFromCompanyID(std::int32_t companyID) {
@@ -244,7 +258,11 @@ std::optional<bool> validCompanyIDIfTold(std::int32_t companyID) {
 }
 
 bool validContactID(std::int32_t contactID) {
-    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validContactID", "Contacts", "ContactID", contactID).value_or(false);
+    return validContactIDIfTold(contactID).value_or(false);
+}
+
+std::optional<bool> validContactIDIfTold(std::int32_t contactID) {
+    return hasRow("Tallowbrook.exe-modDatabaseFunctions-validContactID", "Contacts", "ContactID", contactID);
 }
 
 bool validCategoryID(std::int32_t categoryID) {

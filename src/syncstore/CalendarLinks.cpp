@@ -24,7 +24,7 @@ std::optional<Date> dateIfRead(const outlook::Item& item, std::string_view name)
 }
 
 std::string timeLiteral(Date time) {
-    return "#" + DateHelper::format(time, "h:nn:ss AMPM") + "#";
+    return "#" + DateHelper::format(time, "h:nn:ss ampm") + "#";
 }
 
 }  // namespace
@@ -42,10 +42,10 @@ std::optional<std::string> CalendarLinks::getOutlookIDFromTallowbrookAppointment
     return entryID;
 }
 
-std::int32_t CalendarLinks::getTallowbrookAppointmentIDFromOutlookID(std::string_view entryID, std::int32_t userID,
-                                                                     std::string_view storeID,
-                                                                     const Occurrence& occurrence) const {
-    std::int32_t hostID = kNoRecord;
+std::optional<std::int32_t> CalendarLinks::getTallowbrookAppointmentIDFromOutlookID(std::string_view entryID, std::int32_t userID,
+                                                                                    std::string_view storeID,
+                                                                                    const Occurrence& occurrence) const {
+    std::optional<std::int32_t> hostID;
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-getTallowbrookAppointmentIDFromOutlookID", &run_.ExitProgram};
     routine.run([&] {
         if (!isDatabaseOpen()) return;
@@ -54,7 +54,8 @@ std::int32_t CalendarLinks::getTallowbrookAppointmentIDFromOutlookID(std::string
             query += " AND IsRecurringItem=True AND RecurringItemDate=#" + formatDateForSql(occurrence.day) + "#";
         {
             const Recordset links{query + ";"};
-            if (links.findFirst("OutlookID", entryID)) hostID = links.number(table_.linkField, kNoRecord);
+            const auto isLinked = links.findFirstIfTold("OutlookID", entryID);
+            if (isLinked) hostID = *isLinked ? links.numberIfRead(table_.linkField, kNoRecord) : kNoRecord;
         }
         if (hostID == kNoRecord && table_.objects == outlookSyncObjectsEnum::syncAppointments)
             hostID = lookForSameAppointmentInTallowbrook(entryID, userID, storeID, occurrence.day);
@@ -62,18 +63,21 @@ std::int32_t CalendarLinks::getTallowbrookAppointmentIDFromOutlookID(std::string
     return hostID;
 }
 
-std::int32_t CalendarLinks::lookForSameAppointmentInTallowbrook(std::string_view entryID, std::int32_t userID,
-                                                                std::string_view storeID, Date day) const {
-    std::int32_t hostID = kNoRecord;
+std::optional<std::int32_t> CalendarLinks::lookForSameAppointmentInTallowbrook(std::string_view entryID, std::int32_t userID,
+                                                                               std::string_view storeID, Date day) const {
+    std::optional<std::int32_t> hostID = kNoRecord;
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-lookForSameAppointmentInTallowbrook", &run_.ExitProgram};
     routine.run([&] {
         if (entryID.empty()) return;
         const outlook::Item item = run_.outlook.nameSpace.findItemFromID(entryID, storeID);
         if (item.isNothing()) return;
+        hostID.reset();
+        if (!isDatabaseOpen()) return;
         const std::string query = queryOfSame(item, userID, day);
-        if (query.empty() || !isDatabaseOpen()) return;
-        Recordset rows{query};
-        if (rows.moveFirst()) hostID = rows.number(table_.key, kNoRecord);
+        if (query.empty()) return;
+        const Recordset rows{query};
+        const auto isThere = rows.hasRowsIfTold();  // the first row is current then
+        if (isThere) hostID = *isThere ? rows.numberIfRead(table_.key, kNoRecord) : kNoRecord;
     });
     return hostID;
 }
@@ -106,15 +110,16 @@ void CalendarLinks::saveAppointmentOutlookID(std::int32_t hostID, std::string_vi
         const auto isLinked = links.findFirstIfTold(table_.linkField, hostID);
         if (!isLinked || (!*isLinked && !links.addNew())) return;
         const bool isKnown = *isLinked;
+        bool isWhole = true;
         const auto put = [&](std::string_view field, std::string_view value) {
-            isKnown ? links.update(field, value) : links.set(field, value);
+            if (!(isKnown ? links.update(field, value) : links.set(field, value))) isWhole = false;
         };
         put("DataFileID", run_.options.dataFileUniqueID);
         if (!isKnown) put(table_.linkField, toText(hostID));
         put("OutlookID", entryID);
         put("FolderStoreID", storeID);
         put("DateLastSync", toIsoText(now()));
-        if (!isKnown) links.save();
+        if (!isKnown && isWhole) links.save();  // a link without one of its keys would never be found again
     });
 }
 

@@ -20,15 +20,15 @@ struct SeriesNumber {
 };
 
 SeriesNumber findSeriesNumber(Recordset& links) {
-    SeriesNumber found;
+    const auto hasRows = links.hasRowsIfTold();
+    if (hasRows == false) return {};
+    std::int32_t readCount = 0;
     for (links.moveFirst(); !links.isAtEnd(); links.moveNext()) {
-        const auto text = links.textIfRead("RepeatNum");
-        if (!text) found.isRead = false;
-        if (!text || ValueHelper::isNullOrEmpty(*text)) continue;
-        found.number = statement([&]() -> std::optional<std::int32_t> { return Variant{*text}.toInteger(); });
-        if (found.number) break;
+        const auto number = links.numberIfRead("RepeatNum", kNoRecord);
+        if (number && *number >= 0) return {number, true};
+        if (number) ++readCount;
     }
-    return found;
+    return {std::nullopt, hasRows.value_or(false) && readCount == links.recordCount()};
 }
 
 }  // namespace
@@ -74,8 +74,9 @@ void CalendarLinks::saveOutlookAppointmentID(std::string_view entryID, std::int3
         const auto isLinked = links.findFirstIfTold("OutlookID", entryID);
         if (!isLinked || (!*isLinked && !links.addNew())) return;
         const bool isKnown = *isLinked;
+        bool isWhole = true;
         const auto put = [&](std::string_view field, std::string_view value) {
-            isKnown ? links.update(field, value) : links.set(field, value);
+            if (!(isKnown ? links.update(field, value) : links.set(field, value))) isWhole = false;
         };
         put("DataFileID", run_.options.dataFileUniqueID);
         put(table_.linkField, toText(hostID));
@@ -83,10 +84,10 @@ void CalendarLinks::saveOutlookAppointmentID(std::string_view entryID, std::int3
         put("DateLastSync", toIsoText(now()));
         put("IsRecurringItem", toText(occurrence.isRecurring));
         if (occurrence.isRecurring) put("RecurringItemDate", toIsoText(occurrence.day));
-        put("RepeatNum", occurrence.isRecurring ? toText(repeatNum) : std::string{});
+        put("RepeatNum", occurrence.isRecurring && repeatNum >= 0 ? toText(repeatNum) : std::string{});
         if (isKnown) return;
-        links.set("OutlookID", entryID);
-        links.save();
+        put("OutlookID", entryID);
+        if (isWhole) links.save();
     });
 }
 

@@ -174,12 +174,16 @@ std::int32_t ContactLinks::getTallowbrookContactIDFromOutlookID(std::string_view
 void ContactLinks::addLink(const Recordset& links, HostField field, std::int32_t number, std::string_view entryID,
                            std::string_view storeID) const {
     if (!links.addNew()) return;
-    links.set("DataFileID", run_.options.dataFileUniqueID);
-    links.set(nameOf(field), toText(number));
-    links.set("OutlookID", entryID);
-    links.set("FolderStoreID", storeID);
-    links.set("DateLastSync", todayAsText());
-    links.save();
+    bool isWhole = true;
+    const auto set = [&](std::string_view name, std::string_view value) {
+        if (!links.set(name, value)) isWhole = false;
+    };
+    set("DataFileID", run_.options.dataFileUniqueID);
+    set(nameOf(field), toText(number));
+    set("OutlookID", entryID);
+    set("FolderStoreID", storeID);
+    set("DateLastSync", todayAsText());
+    if (isWhole) links.save();  // a link without one of its keys would never be found again
 }
 
 void ContactLinks::saveByHostNumber(HostField field, std::int32_t number, std::string_view entryID,

@@ -13,10 +13,9 @@ std::string targetStore(SyncRun& run, outlook::DefaultFolder folder) {
     SyncOptions& options = run.options;
     if (!isNullOrEmpty(options.outlookImportFolderStoreID)) return options.outlookImportFolderStoreID;
     const outlook::MAPIFolder chosen = run.outlook.nameSpace.getDefaultFolder(folder);
-    std::string storeID = chosen.storeID();
-    const std::string entryID = chosen.entryID();
-    if (!entryID.empty()) options.outlookImportFolderEntryID = entryID;
-    return storeID;
+    // Empty when it could not be told: the folder of an earlier run holds items of another type.
+    options.outlookImportFolderEntryID = chosen.entryID();
+    return chosen.storeID();
 }
 
 outlook::Item itemToWrite(const SyncRun& run, outlook::ItemType type, std::string_view entryID, std::string_view storeID) {

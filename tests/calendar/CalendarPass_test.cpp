@@ -1,4 +1,7 @@
+#include "platform/Routine.h"
+#include "syncstore/TargetItem.h"
 #include "tests/calendar/CalendarFirm.h"
+#include "tests/support/FaultyOutlook.h"
 
 namespace wmoutlook::testing {
 namespace {
@@ -59,7 +62,21 @@ TEST(CalendarPass, UnknownRangeTypeIsAFailureAndWritesNothing) {
     EXPECT_FALSE(firm.host.errors->reports.empty());
 }
 
-TEST(CalendarPass, ItemDeletedInOutlookComesBackAndOneOfAnotherStoreIsNew) {
+TEST(CalendarPass, FolderOfAnEarlierRunIsNotTakenForOneThatCannotBeTold) {
+    CalendarFirm firm{kAppointments};
+    Faults faults;
+    faults.failOnce(2);
+    SyncRun run;
+    run.outlook.nameSpace = outlook::NameSpace{std::make_shared<FaultyNameSpace>(firm.nameSpace(), faults)};
+    run.options.outlookImportFolderEntryID = "folder of contacts";
+    firm.host.errors->answer = [](const ErrorReport&) { return ErrorAnswer::goOn; };
+    Routine routine{"test"};
+    routine.run([&] { EXPECT_NE(targetStore(run, outlook::DefaultFolder::calendar), ""); });
+    EXPECT_EQ(faults.firstFailed, "Folder.entryID");
+    EXPECT_EQ(run.options.outlookImportFolderEntryID, "");
+}
+
+TEST(CalendarPass, ItemDeletedInOutlookComesBack) {
     CalendarFirm firm{kAppointments};
     firm.addAppointment({{"Subject", "A"}});
     firm.run();

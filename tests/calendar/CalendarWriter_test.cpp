@@ -136,9 +136,13 @@ TEST(CalendarItems, AreStampedWithTheMomentOfTheRunAndTwoEmptyProperties) {
     const auto properties = firm.items().at(0)->userProperties();
     ASSERT_EQ(properties->count(), 3);
     EXPECT_EQ(properties->item(1)->name(), "TallowbrookID");
+    EXPECT_EQ(properties->item(1)->type(), outlook::UserPropertyType::number);
+    EXPECT_TRUE(properties->item(1)->value().isNull() || properties->item(1)->value() == Variant{0.0});
     EXPECT_EQ(properties->item(2)->name(), "EntryID");
     EXPECT_EQ(properties->item(2)->value(), Variant{""});
+    EXPECT_EQ(properties->item(2)->type(), outlook::UserPropertyType::text);
     EXPECT_EQ(properties->item(3)->name(), "DateLastSynched");
+    EXPECT_EQ(properties->item(3)->type(), outlook::UserPropertyType::dateTime);
     EXPECT_EQ(properties->item(3)->value(), Variant{firm.host.clock->time});
 }
 

@@ -56,14 +56,14 @@ public:
     bool findByCriteria(RecordsetHandle handle, std::string_view criteria) override {
         return pass("findByCriteria").findByCriteria(handle, criteria);
     }
-    std::string formatDateForSql(Date date) const override { return inner_->formatDateForSql(date); }
-    std::string quoteTextForSql(std::string_view text) const override { return inner_->quoteTextForSql(text); }
+    std::string formatDateForSql(Date date) const override { return pass("formatDateForSql").formatDateForSql(date); }
+    std::string quoteTextForSql(std::string_view text) const override { return pass("quoteTextForSql").quoteTextForSql(text); }
     std::shared_ptr<HostDatabase> openLocalStore(const std::string& path, std::string_view accessText) override {
         return pass("openLocalStore").openLocalStore(path, accessText);
     }
 
 private:
-    HostDatabase& pass(const char* operation) {
+    HostDatabase& pass(const char* operation) const {
         faults_.hit(operation);
         return *inner_;
     }

@@ -23,6 +23,7 @@ public:
         component->startOutlook();
         before(firm, *component);
         component->synchronize();
+        if constexpr (requires { firm.changeAfterFirstRun(*host.database); }) firm.changeAfterFirstRun(*host.database);
     }
 
     void run(const std::function<void(Faults&)>& plan) {

@@ -50,8 +50,8 @@ bool Item::save() const {
     return call([&](auto& object) { return object.save(), true; });
 }
 
-void Item::remove() const {
-    call([&](auto& object) { object.remove(); });
+bool Item::remove() const {
+    return call([&](auto& object) { return object.remove(), true; });
 }
 
 UserProperties Item::userProperties() const {

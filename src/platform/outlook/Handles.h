@@ -87,8 +87,8 @@ public:
     [[nodiscard]] std::string text(std::string_view property) const;
     [[nodiscard]] std::optional<std::string> textIfRead(std::string_view property) const;  ///< nothing when it was skipped
     void put(std::string_view property, const Variant& value) const;
-    bool save() const;  ///< whether it went through
-    void remove() const;
+    bool save() const;    ///< whether it went through
+    bool remove() const;  ///< whether it went through
     [[nodiscard]] UserProperties userProperties() const;
     [[nodiscard]] Recipients recipients() const;
     [[nodiscard]] Attachments attachments() const;
