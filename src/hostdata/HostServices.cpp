@@ -48,6 +48,18 @@ std::int32_t firmCountry() {
     return statement([] { return locale().country(); });
 }
 
+std::int32_t firmProvince() {
+    return statement([] { return locale().province(); });
+}
+
+std::string applicationTitle() {
+    return statement([] { return locale().applicationTitle(); });
+}
+
+bool isUnitedStates() {
+    return statement([] { return locale().isUnitedStates(); });
+}
+
 std::optional<std::int32_t> currentUserID() {
     return statement([]() -> std::optional<std::int32_t> { return locale().currentUserID(); });
 }

@@ -37,7 +37,10 @@ struct HostServices {
 
 [[nodiscard]] std::optional<std::string> applicationName();  ///< nothing when the locale service cannot tell
 [[nodiscard]] std::int32_t firmCountry();                    ///< see namespace country
-[[nodiscard]] std::optional<std::int32_t> currentUserID();   ///< nothing when the locale service cannot tell
+[[nodiscard]] std::int32_t firmProvince();                   ///< see namespace province
+[[nodiscard]] std::string applicationTitle();
+[[nodiscard]] bool isUnitedStates();
+[[nodiscard]] std::optional<std::int32_t> currentUserID();  ///< nothing when the locale service cannot tell
 
 [[nodiscard]] WindowObject ownerWindow();
 

@@ -7,6 +7,7 @@
 
 #include <exception>
 #include <type_traits>
+#include <utility>
 
 namespace wmoutlook {
 
@@ -32,18 +33,23 @@ Recordset::Recordset(std::string_view sql, LockCode lock)
 }
 
 Recordset::~Recordset() noexcept(false) {
-    if (handle_ == kNoRecordset) return;
+    close();
+}
+
+void Recordset::close() {
+    const RecordsetHandle handle = std::exchange(handle_, kNoRecordset);
+    if (handle == kNoRecordset) return;
     bool isToClose = true;
     try {
         isToClose = closingStatement(
-            exceptionsAtOpening_, [&] { return database_->isRecordsetOpen(handle_); }, true);
+            exceptionsAtOpening_, [&] { return database_->isRecordsetOpen(handle); }, true);
     } catch (...) {  // the routine is left: the handle is closed all the same
-        quietly([&] { database_->closeRecordset(handle_); });
+        quietly([&] { database_->closeRecordset(handle); });
         throw;
     }
     if (isToClose)
         closingStatement(
-            exceptionsAtOpening_, [&] { return database_->closeRecordset(handle_), true; }, true);
+            exceptionsAtOpening_, [&] { return database_->closeRecordset(handle), true; }, true);
 }
 
 /// Reads and converts a field in one statement, so that trying again meets a row that was put right meanwhile.

@@ -19,6 +19,8 @@ public:
     explicit Recordset(std::string_view sql, LockCode lock = LockCode::readOnly);
     /// Closing is the last statement, so it may leave the routine; while an exception passes it is silent.
     ~Recordset() noexcept(false);
+    /// Earlier than at the end of its life; from then on it is a set that is not open.
+    void close();
     Recordset(const Recordset&) = delete;
     Recordset& operator=(const Recordset&) = delete;
 

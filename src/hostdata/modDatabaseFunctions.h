@@ -47,6 +47,7 @@ inline constexpr std::string_view kClientNoLongerExists = "<Client no longer exi
 [[nodiscard]] std::int32_t getCompanyIDFromDocketID(std::int32_t docketID);
 [[nodiscard]] std::int32_t getContactIDFromDocketID(std::int32_t docketID);
 [[nodiscard]] std::int32_t getScheduleIDFromTaskID(std::int32_t taskID);
+[[nodiscard]] std::int32_t getTaskIDFromScheduleIDNum(std::int32_t scheduleID);  ///< the first task of a schedule entry
 
 // Whether a number names a row (modDatabaseFunctions_LookUps.cpp)
 

@@ -249,6 +249,11 @@ std::int32_t getScheduleIDFromTaskID(std::int32_t taskID) {
                         taskID);
 }
 
+std::int32_t getTaskIDFromScheduleIDNum(std::int32_t scheduleID) {
+    return lookUpNumber({"Tallowbrook.exe-modDatabaseFunctions-getTaskIDFromScheduleIDNum", "Tasks", "ScheduleIDNum", "TaskID"},
+                        scheduleID);
+}
+
 bool validCompanyID(std::int32_t companyID) {
     return validCompanyIDIfTold(companyID).value_or(false);
 }

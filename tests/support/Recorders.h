@@ -43,6 +43,7 @@ class TestLocale : public LocaleService {
 public:
     std::int32_t userID = 1;
     std::int32_t countryNumber = country::kCanada;
+    std::int32_t provinceNumber = province::kOntario;
     WindowObject owner = std::make_shared<int>(1);
     PictureObject picture = std::make_shared<int>(2);
 
@@ -52,7 +53,7 @@ public:
     std::int32_t workerProvince() override { return province::kOntario; }
     std::string applicationTitle() override { return "Tallow Brook"; }
     std::int32_t country() override { return countryNumber; }
-    std::int32_t province() override { return province::kOntario; }
+    std::int32_t province() override { return provinceNumber; }
     std::int32_t currentTaxYear() override { return 2025; }
     std::int32_t currentUserID() override { return userID; }
     WindowObject ownerWindow() override { return owner; }

@@ -1,0 +1,220 @@
+#include "tests/merge/MergeFirm.h"
+
+#include "merge/FieldTexts.h"
+
+namespace wmoutlook::testing {
+namespace {
+
+class Merging : public MergeFirm {
+protected:
+    Merging() {
+        company = addCompany(*host.database, {{"CompanyName", "Birch & Co"},
+                                              {"CompanyType", "2"},
+                                              {"City", "Laval"},
+                                              {"Province", "Ontario"},
+                                              {"Address", "1 Main\r\nSuite 2"},
+                                              {"OfficeNumber", "555-0100"},
+                                              {"Custom1", "own"}});
+        contact = addContact(*host.database, {{"DisplayName", "Bob Alder"},
+                                              {"FirstName", "Bob"},
+                                              {"LastName", "Alder"},
+                                              {"SpouseFirstName", "Ann"},
+                                              {"SpouseLastName", "ALDER"},
+                                              {"BusinessCity", "Own City"},
+                                              {"BusinessPhone_Main", "555-9999"},
+                                              {"HomeProvince", "Nfld."},
+                                              {"Birthday", "1961-03-05"},
+                                              {"Anniversary", "1899-12-29"},
+                                              {"SpouseBirthday", "1962-01-02"}});
+        merge.companyID = company;
+        merge.contactID = contact;
+        merge.ListType = clsInsertFieldsInRTB::kCompanyAndContact;
+        merge.ConvertStrToRTF = false;
+    }
+    std::int32_t company = -1, contact = -1;
+};
+
+TEST_F(Merging, ValuesAreShownByTheirKind) {
+    struct Case {
+        std::string text, merged;
+    };
+    for (const Case& c : {
+             Case{"Dear «Contact Display Name»,", "Dear Bob Alder,"},
+             Case{"«company name»: «Company Type», «City», «Abbreviated Province»", "Birch & Co: Partnership, Laval, ON"},
+             Case{"«Contact & Spouse Name»", "Bob & Ann Alder"},
+             Case{"«Contact Home Abbreviated Province»", "Nfld."},
+             Case{"«(Contact Birthday, dd/mm/yy)» «(Contact Birthday, dddd, mmmm d yyyy)»", "05/Mar/61 Sunday, March 5 1961"},
+             Case{"[«(Contact Anniversary, yyyy)»]", "[]"},  // before 1900
+             Case{"[«Contact Birthday»]", "[]"},
+             Case{"«(Todays Date, dd/mm/yy)» «(Todays Date, d)»", "22/11/26 22"},
+             Case{"«Company Custom Field 1»", "own"},
+             Case{"a «Unknown Field» b", "a  b"},
+             Case{"<<City>>", "Laval"},
+             Case{"«Contact SSN»", ""},
+             Case{"no marks", "no marks"},
+             Case{"\\'abCity\\'bb and «City»", "Laval and Laval"},
+         }) {
+        EXPECT_EQ(merged(c.text), c.merged) << c.text;
+    }
+    EXPECT_TRUE(host.errors->reports.empty());
+    EXPECT_EQ(merged("[«Company Notes»]"), "[]");  // its search goes to a column that is not there
+    EXPECT_EQ(host.errors->reports.size(), 1U);
+}
+
+TEST_F(Merging, RichTextProtectsControlWordsAndBreaksLines) {
+    merge.ConvertStrToRTF = true;
+    EXPECT_EQ(merged("\\par«Address»"), "\\par 1 Main\\par \r\nSuite 2");
+    merge.UseWordWrap(false);
+    EXPECT_EQ(merged("«Address»"), "1 Main, \r\nSuite 2");
+    EXPECT_EQ(merge.getTodaysDate(""), "Nov 22, 2026");
+}
+
+TEST_F(Merging, ContactThatInheritsShowsItsCompany) {
+    const auto text = "«Contact Business City» «Contact Business Phone» «Contact Business Province»";
+    EXPECT_EQ(merged(text), "Own City 555-9999 ");
+    const auto inheriting = addContact(*host.database, {{"DisplayName", "I"},
+                                                        {"BusinessCity", "Own City"},
+                                                        {"BusinessPhone_Main", "555-9999"},
+                                                        {"BusinessPostalCode", "K1A"},
+                                                        {"InheritCompanyInfo", "True"}});
+    merge.contactID = inheriting;
+    EXPECT_EQ(merged(text + std::string{" «Contact Business Postal Code»"}), "Laval 555-9999 Ontario K1A");
+    merge.companyID = -1;
+    EXPECT_EQ(merged(text), "Own City 555-9999 ");
+}
+
+TEST_F(Merging, NothingIsReadWithoutRecordsOrForASample) {
+    merge.TestComment = true;
+    host.database->closeDatabase();
+    EXPECT_EQ(merged("«(Contact Birthday, d)»"), "Nov 22, 2026");
+    merge.TestComment = false;
+    EXPECT_EQ(merged("[«City»]"), "[]");
+    EXPECT_TRUE(host.errors->reports.empty());
+    clsInsertFieldsInRTB empty;
+    empty.TemplateText = "«City» <<x>>";
+    EXPECT_EQ(empty.parseRTBComment(), "«City» «x»");  // the list was not there yet
+    EXPECT_EQ(empty.parseRTBComment(), " ");
+}
+
+TEST_F(Merging, LookUpsByNameGiveOneValue) {
+    merge.initializeDataRecordsetsForSingleDocMerge();
+    EXPECT_EQ(merge.getMergeDataFromFieldName("CompanyName"), "Birch & Co");
+    EXPECT_EQ(merge.getMergeDataFromDisplayName("CITY"), "Laval");
+    EXPECT_EQ(merge.getMergeDataFromFieldName(""), "");
+    EXPECT_EQ(merge.getMergeDataFromFieldName("Nothing"), "");
+    EXPECT_EQ(merge.getMergeDataFromFieldName("Birthday"), "Mar 5, 1961");
+    EXPECT_EQ(merge.getContactAndSpouseName(contact, true), "Alder, Bob & Ann");
+    EXPECT_EQ(merge.getContactAndSpouseName(999, true), "");
+    merge.contactID = -1;
+    merge.companyID = -1;
+    EXPECT_EQ(merge.getMergeDataFromFieldName("CompanyName"), "");
+}
+
+TEST_F(Merging, ContactAloneIsNamedWhereTheCompanyWould) {
+    merge.companyID = -1;
+    merge.ConvertCompanyNameToContactNameForContacts = true;
+    EXPECT_EQ(merged("«Company Name»«Company Name»"), "Bob AlderBob Alder");
+    EXPECT_EQ(merged("\\'abCompany Name\\'bb"), "Bob Alder");
+    EXPECT_EQ(merged("«Company Name», «Contact Display Name»"), ", Bob Alder");
+}
+
+TEST_F(Merging, ValuesAreWrittenBackInTheKindOfTheirColumn) {
+    merge.MergeFieldListUse(clsInsertFieldsInRTB::kWriteBack);
+    merge.initializeDataRecordsetsForSingleDocMerge();
+    merge.writeDataToField("City", "Hull");
+    merge.writeDataToField("AbbreviatedProvince", "QC");
+    merge.writeDataToField("Birthday", makeDay(1962, 3, 6));
+    merge.writeDataToField("Anniversary", makeDay(1800, 1, 1));
+    merge.writeDataToField("ContactAndSpouseName", "Nobody");
+    EXPECT_EQ(merged("«City» «Province» «(Contact Birthday, mmmm d yyyy)»"), "Hull QC March 6 1962");
+    EXPECT_TRUE(host.errors->reports.empty());
+}
+
+TEST_F(Merging, TextIsValidated) {
+    struct Case {
+        std::string text, message;
+    };
+    std::string heard;
+    const auto listener = merge.MergeCommentError.subscribe([&](const std::string& message) { heard += message + "|"; });
+    merge.initializeDataRecordsetsForSingleDocMerge();
+    const std::string opening = "You are missing your opening brackets, '«' in one of your expressions|";
+    for (const Case& c : {
+             Case{"", ""},
+             Case{"a » b", ""},
+             Case{"«Company Name» «(Todays Date, mmm d yyyy)» «(Contact Birthday,d )»", ""},
+             Case{"« b", opening},
+             Case{"» «City»", opening},
+             Case{"«City» «", opening},
+             Case{"«(Todays Date, d»", "You are missing the closing round bracket, ')' in one of your date expressions|"},
+             Case{"«Todays Date, d)»", "You are missing the opening round bracket, '(' in one of your date expressions|"},
+             Case{"«(Todays Date, D)»", "The date format of: 'D' is not valid.  Please see help for valid date formats.|"},
+             Case{"«" + std::string(41, 'x') + "»",
+                  "You are missing a closing bracket, '»' in one of your expressions.  Make sure you have a bracket immediately "
+                  "before and after a field.\r\n\r\neg. «Company Name»|"},
+             Case{"«Citi»", "The Tallow Brook Pad did not recognize: «Citi» as a valid placeholder field name.|"},
+             Case{"«Citi» «", "The Tallow Brook Pad did not recognize: «Citi» as a valid placeholder field name.|" + opening},
+         }) {
+        SCOPED_TRACE(c.text);
+        heard.clear();
+        EXPECT_EQ(merge.testRTBComment(c.text, false, true, false), !c.message.empty());
+        EXPECT_EQ(heard, c.message);
+    }
+    heard.clear();
+    EXPECT_TRUE(merge.testRTBComment("«Citi» «", false, false, true));
+    EXPECT_FALSE(merge.testRTBComment("\\'abCiti\\'bb", true, true, true));
+    EXPECT_EQ(heard, "");
+    EXPECT_TRUE(host.errors->reports.empty());
+    EXPECT_TRUE(merge.testRTBComment("«(Todays Date)»", false, true, false));
+    EXPECT_EQ(heard, "");
+    EXPECT_EQ(host.errors->reports.size(), 1U);
+}
+
+TEST(FieldTexts, CouplesAreNamedByWhatIsKnown) {
+    struct Case {
+        merge::CoupleNames names;
+        std::string lastFirst, firstFirst;
+    };
+    for (const Case& c : {
+             Case{{"Bob", "Alder", "B. Alder", "Ann", "ALDER"}, "Alder, Bob & Ann", "Bob & Ann Alder"},
+             Case{{"", "Alder", "B. Alder", "Ann", "Alder"}, "Alder, Ann", "Ann Alder"},
+             Case{{"Bob", "", "B. Alder", "Ann", ""}, "Bob & , Ann", "Bob & Ann "},
+             Case{{"Bob", "Alder", "B. Alder", "Ann", "Birch"}, "Alder, Bob & Birch, Ann", "Bob Alder & Ann Birch"},
+             Case{{"", "Alder", "B. Alder", "Ann", "Birch"}, "Alder & Birch, Ann", "Alder & Ann Birch"},
+             Case{{"Bob", "", "B. Alder", "Ann", "Birch"}, "Bob & Birch, Ann", "Bob & Ann Birch"},
+             Case{{"", "", "B. Alder", "Ann", "Birch"}, "B. Alder & Birch, Ann", "B. Alder & Ann Birch"},
+             Case{{"Bob", "Alder", "B. Alder", "", ""}, "Alder, Bob", "Bob Alder"},
+             Case{{"Bob", "", "B. Alder", "", ""}, "B. Alder", "B. Alder"},
+         }) {
+        EXPECT_EQ(merge::contactAndSpouseName(c.names, true), c.lastFirst);
+        EXPECT_EQ(merge::contactAndSpouseName(c.names, false), c.firstFirst);
+    }
+}
+
+TEST(FieldTexts, NumbersMoneyAndProvinces) {
+    struct Case {
+        double amount;
+        std::string text;
+    };
+    for (const Case& c :
+         {Case{0, "$0.00"}, Case{1234567.5, "$1,234,567.50"}, Case{-12.345, "$-12.35"}, Case{999.999, "$1,000.00"}})
+        EXPECT_EQ(merge::moneyText(c.amount), c.text);
+    for (const auto& [spelling, code] :
+         std::initializer_list<std::pair<const char*, const char*>>{{"alta.", "AB"},
+                                                                    {"Québec", "Québec"},
+                                                                    {"quebec", "QC"},
+                                                                    {"Nfld.", "Nfld."},
+                                                                    {"Newfoundland and Labrador", "Newfoundland and Labrador"},
+                                                                    {"p.e.i.", "PEI"},
+                                                                    {"nova scotia", "NS"},
+                                                                    {"", ""},
+                                                                    {"yt", "YT"}})
+        EXPECT_EQ(merge::getAbbreviatedProvince(spelling), code);
+    EXPECT_EQ(merge::getFullProvinceString("b.c."), "British Columbia");
+    EXPECT_EQ(merge::getCompanyTypeStringFromCompanyTypeNum(2, true), "General Partnership");
+    EXPECT_EQ(merge::getCompanyTypeStringFromCompanyTypeNum(12, false), "Unknown");
+    EXPECT_EQ(merge::textOfClientColumn("RC59Status")(3), "Completed");
+    EXPECT_EQ(merge::textOfClientColumn("City"), nullptr);
+}
+
+}  // namespace
+}  // namespace wmoutlook::testing
