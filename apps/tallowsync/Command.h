@@ -39,5 +39,6 @@ void addCommands(CLI::App& parent, std::span<const Command> commands, ChosenComm
 [[nodiscard]] std::span<const Command> syncCommands();
 [[nodiscard]] std::span<const Command> settingsCommands();
 [[nodiscard]] std::span<const Command> mailCommands();
+[[nodiscard]] std::span<const Command> mergeCommands();
 
 }  // namespace wmoutlook

@@ -90,7 +90,8 @@ void declareAll(CLI::App& app, ChosenCommand& chosen) {
     app.set_version_flag("--version", "tallowsync 0.1.0");
     app.footer(kClosing);
     app.require_subcommand(1);
-    for (const auto commands : {fileCommands(), syncCommands(), outlookCommands(), settingsCommands(), mailCommands()})
+    for (const auto commands :
+         {fileCommands(), syncCommands(), outlookCommands(), settingsCommands(), mailCommands(), mergeCommands()})
         addCommands(app, commands, chosen);
 }
 

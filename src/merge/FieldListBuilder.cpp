@@ -3,6 +3,7 @@
 #include "hostdata/HostServices.h"
 #include "hostdata/Recordset.h"
 #include "platform/Routine.h"
+#include "platform/ValueHelper.h"
 
 #include <array>
 #include <optional>
@@ -27,7 +28,7 @@ Labels labelsOf(const CustomRows& rows) {
         const std::string number = std::to_string(i + 1);
         labels[i] = fields.textIfRead(std::string{rows.labelStem} + number);
         if (labels[i] && labels[i]->ends_with(':')) labels[i]->pop_back();
-        if (labels[i] == "Custom " + number) labels[i].reset();
+        if (labels[i] && (ValueHelper::isNullOrEmpty(*labels[i]) || *labels[i] == "Custom " + number)) labels[i].reset();
     }
     return labels;
 }

@@ -1,5 +1,6 @@
 #include "merge/MarkScan.h"
 #include "merge/MergeText.h"
+#include "merge/NestedRemnants.h"
 
 #include <optional>
 #include <string>
@@ -52,7 +53,8 @@ std::optional<Remnant> firstRemnant(std::string_view text, const Marks& marks, s
     return Remnant{open, close + firstCharacter(marks)};
 }
 
-/// One after the other: every occurrence of the first remnant goes, then of the one that is the first by then.
+/// One after the other: every occurrence of the first remnant goes, then of the one that is the first by then. Escaped ones end with the
+/// first character of their closing mark, so that what stands between marks can hold one as well.
 bool removeOneByOne(std::string& text, const Marks& marks) {
     bool isAnyRemoved = false;
     std::size_t from = 0;
@@ -71,13 +73,24 @@ bool removeOneByOne(std::string& text, const Marks& marks) {
     return isAnyRemoved;
 }
 
+/// Whether taking something away could join bytes to a mark: only in a text that is no whole UTF-8.
+bool endsInsideOfAnyMark(std::string_view text) {
+    for (std::size_t at = text.find(kPlainMarks.open[0]); at != std::string_view::npos;
+         at = text.find(kPlainMarks.open[0], at + 1))
+        if (at + 1 == text.size() || (static_cast<unsigned char>(text[at + 1]) & 0xC0U) != 0x80) return true;
+    return false;
+}
+
 bool removeRemnants(std::string& text, const Marks& marks) {
     bool isAnyRemoved = false;
     if (auto result = withoutRemnants(text, marks, isAnyRemoved)) {
         if (isAnyRemoved) text = *std::move(result);
         return isAnyRemoved;
     }
-    return removeOneByOne(text, marks);
+    if (marks.open != kPlainMarks.open || endsInsideOfAnyMark(text)) return removeOneByOne(text, marks);
+    const std::size_t before = text.size();
+    text = NestedRemnants{text}.removeAll();
+    return text.size() < before;
 }
 
 }  // namespace

@@ -23,6 +23,9 @@ class FirmLocale : public LocaleService {
 public:
     /// Reads the firm's file once; `user` is the staff member at work, by default the first by name. Throws DatabaseError.
     FirmLocale(HostDatabase& database, std::shared_ptr<Clock> clock, std::optional<std::int32_t> user);
+    /// Of no firm in particular, without a user.
+    FirmLocale(std::shared_ptr<Clock> clock, std::int32_t country, std::int32_t province)
+        : clock_(std::move(clock)), country_(country), province_(province) {}
 
     [[nodiscard]] PictureObject applicationPicture() override { return nullptr; }
     [[nodiscard]] std::string applicationName() override { return "Tallow Brook"; }

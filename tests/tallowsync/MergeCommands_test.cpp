@@ -1,0 +1,59 @@
+#include "tests/tallowsync/ProgramTest.h"
+
+namespace wmoutlook::testing {
+namespace {
+
+class MergeCommands : public ProgramTest {
+protected:
+    Result merge(std::vector<std::string> more, const std::string& input = {}) {
+        more.insert(more.begin(), {"merge", "--firm", file("firm.db"), "--now", "2026-11-22T09:00:00"});
+        return run(std::move(more), input);
+    }
+};
+
+TEST_F(MergeCommands, TemplateBecomesTheClientsText) {
+    OtherProcess firm{file("firm.db")};
+    firm.execute("UPDATE Companies SET CompanyName = 'Birch Inc.', City = 'Laval' WHERE CompanyID = 1");
+    const auto before = bytes();
+    EXPECT_EQ(merge({"--company", "1", "«Company Name», «City», «(Todays Date, mmmm d yyyy)»"}).out,
+              "Birch Inc., Laval, November 22 2026\n");
+    EXPECT_EQ(merge({"--company", "1", "-"}, "{\\rtf1\\par\\'abCity\\'bb}").out, "{\\rtf1\\par Laval}\n");
+    EXPECT_EQ(merge({"--company", "1", "--plain", "--json", "x«City»"}).json(),
+              Json::parse(R"({"text": "xLaval", "rich": false, "errors": []})"));
+    const Result missing = merge({"--company", "999", "[«City»]"});
+    EXPECT_EQ(missing.out, "[]\n");
+    EXPECT_EQ(missing.status, 0);
+    EXPECT_NE(missing.err.find("--company: the firm has no number 999"), std::string::npos);
+    const Result failing = merge({"--company", "1", "[«Company Notes»]"});  // a field whose search fails, as it always did
+    EXPECT_EQ(failing.status, 1);
+    EXPECT_EQ(failing.out, "[]\n");
+    EXPECT_EQ(bytes(), before);
+}
+
+TEST_F(MergeCommands, FieldsAndCalendarTextsAreListed) {
+    const Json fields = run({"fields", "--firm", file("firm.db"), "--list-type", "8", "--json"}).json();
+    EXPECT_EQ(fields["fields"][1], Json::parse(R"({"row": 2, "name": "Task Due Date", "field": "DueDate", "source": "TaskInfo",
+                                                   "type": 2, "sample": "Nov 22, 2026", "length": -1})"));
+    EXPECT_EQ(fields["pickList"][0], Json::parse(R"({"text": "[Task Info]", "row": null})"));
+    EXPECT_EQ(fields["pickList"][1], Json::parse(R"({"text": "Task Name", "row": 1})"));
+    EXPECT_EQ(fields["firmPickList"][0]["text"], "Insert your Letterhead");
+    OtherProcess firm{file("firm.db")};
+    firm.execute("UPDATE Tasks SET Subject = 'File' WHERE TaskID = 1");
+    const Result text = run({"display-text", "--firm", file("firm.db"), "--kind", "1", "--id", "1", "--user", "1", "--json"});
+    EXPECT_NE(text.json()["text"].get<std::string>().find("File"), std::string::npos);
+}
+
+TEST_F(MergeCommands, TemplateIsChecked) {
+    EXPECT_EQ(run({"check-template", "«Company Name» «Appointment Name» «Unknown"}).status, 1);
+    EXPECT_EQ(run({"check-template", "«Task Name»"}).status, 0);
+    EXPECT_EQ(run({"check-template", "--list-type", "5", "--json", "«Task Name»"}).json()["messages"].size(), 1U);
+    EXPECT_EQ(run({"check-template", "--rtf", "-"}, "\\'abCompany Name\\'bb").status, 0);
+    EXPECT_EQ(run({"check-template", "--firm", file("none.db"), "x"}).status, 3);
+    EXPECT_EQ(run({"merge", "--firm", file("none.db"), "x"}).status, 3);
+    EXPECT_EQ(merge({"--company", "x", "y"}).status, 2);
+    EXPECT_EQ(merge({"--rtf", "--plain", "y"}).status, 2);
+    EXPECT_EQ(run({"fields", "--firm", file("firm.db"), "--list-type", "4"}).status, 2);
+}
+
+}  // namespace
+}  // namespace wmoutlook::testing
