@@ -37,6 +37,8 @@ std::string explain(const CLI::App& app, const CLI::ParseError& error) {
     std::string command = "tallowsync";
     const CLI::App* line = &app;
     while (!line->get_subcommands().empty()) {
+        for (const CLI::Option* option : line->get_options([](const CLI::Option* one) { return one->get_positional(); }))
+            command += ' ' + option->get_name(true);  // "settings FILE get"
         line = line->get_subcommands().front();
         command += ' ' + line->get_name();
     }

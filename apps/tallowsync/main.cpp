@@ -67,6 +67,9 @@ bool isColourUnwanted() {
 
 int main(int count, char** values) {
     std::ios::sync_with_stdio(false);
+#ifndef _WIN32
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is a failed write, with its sentence
+#endif
     const bool isTerminal = isErrATerminal();
     wmoutlook::Console console{std::cin, std::cout, std::cerr, isTerminal, isTerminal && !isColourUnwanted(), askedToStop};
     return wmoutlook::runTallowsync({values + std::min(1, count), values + count}, console);

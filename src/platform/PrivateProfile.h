@@ -15,11 +15,13 @@ class SettingsError : public Failure {
 public:
     static constexpr std::int32_t kNotFound = 2;  ///< the system's number for a file, section or key that is not there
     static constexpr std::int32_t kRefused = 22;
+    static constexpr std::int32_t kMoreData = 234;  ///< the system's number for a text that is longer than its buffer
 
     using Failure::Failure;
 };
 
-/// A text that was read, with the number under which the system told how it went: 0, or kNotFound when the text is the fallback.
+/// A text that was read, with the number under which the system told how it went: 0, kNotFound when the text is the fallback,
+/// kMoreData when it was cut.
 struct ProfileAnswer {
     std::string text;
     std::int32_t systemError = 0;
@@ -46,7 +48,10 @@ public:
                                                      const std::string& file) = 0;
     [[nodiscard]] virtual ProfileAnswer keyNames(std::string_view section, std::size_t capacity, const std::string& file) = 0;
 
-    /// Without a value the key is deleted, without a key the section. A file, section or key that a value needs is made.
+    /// Whether two names of sections or keys are one to this file.
+    [[nodiscard]] virtual bool isSameName(std::string_view left, std::string_view right, const std::string& file) = 0;
+
+    /// Without a value the key is deleted, without a key the section, of several of one name the first; comments stay. A file, section or key that a value needs is made.
     virtual void write(std::string_view section, std::optional<std::string_view> key, std::optional<std::string_view> value,
                        const std::string& file) = 0;
 

@@ -93,6 +93,11 @@ bool clsINI::write(std::string_view section, std::optional<std::string_view> key
     });
 }
 
+/// What cannot be told counts as one name: nothing is renamed then.
+bool clsINI::isSameName(std::string_view left, std::string_view right, std::string_view file) {
+    return statement([&] { return profile().isSameName(left, right, fileOr(file)); }, true);
+}
+
 void clsINI::iniFile(std::string path) {
     Routine routine{"wmoutlooktb.dll-clsINI-iniFile"};
     routine.run([&] {
@@ -156,7 +161,7 @@ void clsINI::deleteKeyValue(std::string_view section, std::string_view key, std:
 void clsINI::renameKey(std::string_view section, std::string_view oldName, std::string_view newName, std::string_view file) {
     Routine routine{"wmoutlooktb.dll-clsINI-renameKey"};
     routine.run([&] {
-        if (equalsTextually(trimmed(oldName), trimmed(newName))) return;  // the deletion would take the only one
+        if (isSameName(oldName, newName, file)) return;  // the deletion would take the only one
         const KeyString value = readOrWriteDefault(section, oldName, {}, file);
         if (value.isTold && writeValue(section, newName, value.text, file)) deleteKey(section, oldName, file);
     });
@@ -215,7 +220,7 @@ void clsINI::deleteAllSections(std::string_view file) {
 void clsINI::renameSection(std::string_view oldName, std::string_view newName, std::string_view file) {
     Routine routine{"wmoutlooktb.dll-clsINI-renameSection"};
     routine.run([&] {
-        if (equalsTextually(trimmed(sectionOr(oldName)), trimmed(sectionOr(newName)))) return;  // see renameKey
+        if (isSameName(sectionOr(oldName), sectionOr(newName), file)) return;  // see renameKey
         const std::optional<ProfileAnswer> keys = readKeyNames(oldName, file);
         if (!keys) return;
         if (keys->isCut) {  // the keys behind the cut would be deleted unseen

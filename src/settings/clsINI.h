@@ -80,6 +80,7 @@ private:
     auto recorded(Call call);
     bool write(std::string_view section, std::optional<std::string_view> key, std::optional<std::string_view> value,
                std::string_view file);
+    [[nodiscard]] bool isSameName(std::string_view left, std::string_view right, std::string_view file);
     struct KeyString {
         std::string text;
         bool isTold = false;  ///< the file has told it, or that there is none

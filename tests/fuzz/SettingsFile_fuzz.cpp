@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// The input is a section, a key and a value, a line each, and then the bytes of a file. Reading changes nothing, and every name that
@@ -78,13 +79,18 @@ public:
         const bool isUtf8 = bytes_.starts_with("\xEF\xBB\xBF");
         const ProfileAnswer read = profile_.readKey(section, key, "", kRoom, path_);
         require(read.systemError == 0 && read.text == (isUtf8 ? value : utf8FromAnsi(ansiFromUtf8(value))));
-        profile_.write(section, key, std::nullopt, path_);
-        require(profile_.readKey(section, key, "", kRoom, path_).systemError == SettingsError::kNotFound);
-        profile_.write(section, std::nullopt, std::nullopt, path_);
-        require(profile_.keyNames(section, kRoom, path_).text.empty());
+        // What is deleted is gone, and the next one of its name comes to light.
+        for (std::size_t size = bytes().size() + 1; isThere(section, key); profile_.write(section, key, std::nullopt, path_))
+            require(bytes().size() < std::exchange(size, bytes().size()));
+        for (std::size_t size = bytes().size() + 1; hasKeys(section); profile_.write(section, std::nullopt, std::nullopt, path_))
+            require(bytes().size() < std::exchange(size, bytes().size()));
     }
 
 private:
+    bool isThere(const std::string& section, const std::string& key) {
+        return profile_.readKey(section, key, "", kRoom, path_).systemError != SettingsError::kNotFound;
+    }
+    bool hasKeys(const std::string& section) { return !profile_.keyNames(section, kRoom, path_).text.empty(); }
     [[nodiscard]] std::string bytes() const { return readWholeFile(path_).value_or("(none)"); }
     void put(const std::string& content) {
         rewriteFile(path_, [&](const auto&) { return std::optional{content}; });

@@ -142,8 +142,8 @@ TEST_F(Settings, AnotherFileAndSectionCanBeTheUsualOnes) {
 
 TEST_F(Settings, EnumerationsHaveACharacterZeroBetweenTheNames) {
     name("; c\n[A]\nk=1\n;l=2\nno key\nm = 3\n[B]\n[a]\nn=4\n");
-    EXPECT_EQ(settings.getSections(), "A\0B"s);
-    EXPECT_EQ(settings.getNumberOfSections(), 2);
+    EXPECT_EQ(settings.getSections(), "A\0B\0a"s);
+    EXPECT_EQ(settings.getNumberOfSections(), 3);
     EXPECT_EQ(settings.getKeysInSection("A"), "k\0m"s);
     EXPECT_EQ(settings.getNumberOfKeysInSection("A"), 2);
     EXPECT_EQ(settings.getNumberOfKeysInSection("B"), 0);
@@ -192,6 +192,100 @@ TEST_F(Settings, FailureLosesNothingAndIsToldOnce) {
         EXPECT_EQ(bytes(), content);
     }
     EXPECT_EQ(filesInFolder(), 1);
+}
+
+TEST_F(Settings, RenamingToTheSameNameLosesNothing) {
+    struct Case {
+        std::string content;
+        std::function<void(clsINI&)> rename;
+    };
+    const Case cases[] = {
+        {"[S]\na=1\n", [](clsINI& s) { s.renameKey("S", "a\t", "A"); }},
+        {"[S]\na=1\n", [](clsINI& s) { s.renameKey("S", "a", "a\t"); }},
+        {"[S]\n?=1\n", [](clsINI& s) { s.renameKey("S", "?", "日"); }},
+        {"[?]\na=1\n", [](clsINI& s) { s.renameSection("日", "本"); }},
+        {"[S]\na=1\n", [](clsINI& s) { s.renameSection("S\t", "s"); }},
+    };
+    for (const Case& c : cases) {
+        name(c.content);
+        c.rename(settings);
+        EXPECT_EQ(bytes(), c.content);
+    }
+    name("[S]\na=1\n;kept\n[T]\nx=1\n[S]\nb=2\n");
+    settings.renameSection("S", "U");
+    EXPECT_EQ(bytes(), ";kept\n[T]\nx=1\n[S]\nb=2\n\r\n[U]\r\na=1\r\n");
+    EXPECT_TRUE(errors->reports.empty());
+}
+
+/// A file of which one call fails.
+class FailingOnce : public PrivateProfileFile {
+public:
+    int calls = 0;
+    int failing = 0;
+    ProfileAnswer readKey(std::string_view section, std::string_view key, std::string_view fallback, std::size_t capacity,
+                          const std::string& path) override {
+        hit();
+        return PrivateProfileFile::readKey(section, key, fallback, capacity, path);
+    }
+    ProfileAnswer sectionNames(std::string_view fallback, std::size_t capacity, const std::string& path) override {
+        hit();
+        return PrivateProfileFile::sectionNames(fallback, capacity, path);
+    }
+    ProfileAnswer keyNames(std::string_view section, std::size_t capacity, const std::string& path) override {
+        hit();
+        return PrivateProfileFile::keyNames(section, capacity, path);
+    }
+    bool isSameName(std::string_view left, std::string_view right, const std::string& path) override {
+        hit();
+        return PrivateProfileFile::isSameName(left, right, path);
+    }
+    void write(std::string_view section, std::optional<std::string_view> key, std::optional<std::string_view> value,
+               const std::string& path) override {
+        hit();
+        PrivateProfileFile::write(section, key, value, path);
+    }
+    void makeFile(std::string_view text, IfThere ifThere, const std::string& path) override {
+        hit();
+        PrivateProfileFile::makeFile(text, ifThere, path);
+    }
+
+private:
+    void hit() {
+        if (++calls == failing) throw SettingsError{5, "fault"};
+    }
+};
+
+TEST_F(Settings, AnyFailingCallIsToldOnceAndLosesNothing) {
+    const std::function<void(clsINI&)> operations[] = {
+        [](clsINI& s) { static_cast<void>(s.getKeyString("S", "a", "d")); },
+        [](clsINI& s) { s.setKeyValue("S", "a", "1"); },
+        [](clsINI& s) { s.renameKey("S", "a", "z"); },
+        [](clsINI& s) { s.renameSection("S", "Z"); },
+        [](clsINI& s) { static_cast<void>(s.getNumberOfSections()); },
+        [](clsINI& s) { static_cast<void>(s.getNumberOfKeysInSection("S")); },
+        [](clsINI& s) { s.deleteKeyValue("S", "c"); },
+    };
+    const auto failingProfile = std::make_shared<FailingOnce>();
+    hostServices().privateProfile = failingProfile;
+    for (const ErrorAnswer answer :
+         {ErrorAnswer::goOn, ErrorAnswer::leaveRoutine, ErrorAnswer::endProgram, ErrorAnswer::tryAgain})
+        for (const auto& operation : operations)
+            for (bool isClean = false; !isClean;) {
+                const int call = failingProfile->failing + 1;
+                failingProfile->failing = 0;
+                name("[S]\r\na=1\r\nb=2\r\n");
+                errors->reports.clear();
+                errors->answer = [&](const ErrorReport&) { return answer; };
+                failingProfile->calls = 0;
+                failingProfile->failing = call;
+                operation(settings);
+                isClean = failingProfile->calls < call;
+                if (isClean) failingProfile->failing = 0;
+                SCOPED_TRACE("call " + std::to_string(call) + ", answer " + std::to_string(static_cast<int>(answer)));
+                EXPECT_EQ(errors->reports.size(), isClean ? 0U : 1U);
+                EXPECT_TRUE(errors->open.empty());
+                for (const char* const kept : {"=1\r\n", "b=2\r\n"}) EXPECT_NE(bytes().find(kept), std::string::npos) << bytes();
+            }
 }
 
 /// Everything can be written and nothing can be read.

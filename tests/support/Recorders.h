@@ -175,6 +175,7 @@ public:
     }
     ProfileAnswer keyNames(std::string_view, std::size_t, const std::string&) override { return {{}, SettingsError::kNotFound}; }
     void write(std::string_view, std::optional<std::string_view>, std::optional<std::string_view>, const std::string&) override {}
+    bool isSameName(std::string_view left, std::string_view right, const std::string&) override { return left == right; }
     void makeFile(std::string_view, IfThere, const std::string&) override {}
 };
 

@@ -31,9 +31,10 @@ TEST_F(SettingsCommand, FileIsMadeReadAndChanged) {
              Case{{"delete", "Popup", "PopupAlert"}, ""},
              Case{{"delete", "CompressFile"}, ""},
              Case{{"set", "Été", "sections", "--", "-é "}, ""},
-             Case{{"keys", "été", "--json"}, "{\n  \"section\": \"été\",\n  \"keys\": [\n    \"sections\"\n  ]\n}\n"},
+             Case{{"keys", "été", "--json"},
+                  "{\n  \"section\": \"été\",\n  \"cut\": false,\n  \"keys\": [\n    \"sections\"\n  ]\n}\n"},
              Case{{"get", "été", "sections", "--json"},
-                  "{\n  \"section\": \"été\",\n  \"key\": \"sections\",\n  \"value\": \"-é \"\n}\n"},
+                  "{\n  \"section\": \"été\",\n  \"key\": \"sections\",\n  \"value\": \"-é \",\n  \"cut\": false\n}\n"},
          }) {
         SCOPED_TRACE(c.arguments[0]);
         const Result result = settings(c.arguments);
@@ -62,7 +63,10 @@ TEST_F(SettingsCommand, WhatCannotBeDoneIsToldInOneSentence) {
              Case{{"set", "Popup", "a", "v\r\n[T]"}, 2, "line break"},
              Case{{"set", "Popup]", "a", "v"}, 2, "]"},
              Case{{"set", "Popup", "", "v"}, 2, "empty"},
-             Case{{"set", "Popup", "a"}, 2, "VALUE"},
+             Case{{"set", "", "a", "v"}, 2, "SECTION"},
+             Case{{"delete", "Popup", ""}, 2, "KEY"},
+             Case{{"delete", ""}, 2, "SECTION"},
+             Case{{"set", "Popup", "a"}, 2, "'tallowsync settings FILE set --help'"},
              Case{{"rename"}, 2, "rename"},
          }) {
         SCOPED_TRACE(c.named);
@@ -72,6 +76,16 @@ TEST_F(SettingsCommand, WhatCannotBeDoneIsToldInOneSentence) {
         EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1);
         EXPECT_TRUE(bytes() == before);
     }
+    for (const std::vector<std::string>& refused : {std::vector<std::string>{"settings", file("new.ini"), "set", "a]b", "k", "v"},
+                                                    {"settings", file("new.ini"), "get", "S", "a=b"},
+                                                    {"settings", "", "get", "S", "k"}})
+        EXPECT_EQ(run(refused).status, 2);
+    EXPECT_TRUE(bytes() == before);
+    const Result lossy = settings({"set", "S", "k", "日本", "--json"});
+    EXPECT_EQ(lossy.json()["value"], "??");
+    EXPECT_NE(lossy.err.find("code page"), std::string::npos);
+    settings({"set", "S", "k", std::string(300, 'v')});
+    EXPECT_EQ(settings({"get", "S", "k", "--json"}).json()["cut"], true);
     for (const std::string& place : {folder.workingFolderPath(), file("none/set.ini")})
         EXPECT_EQ(run({"settings", place, "set", "S", "k", "v"}).status, 3) << place;
 }

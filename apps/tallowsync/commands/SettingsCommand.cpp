@@ -62,14 +62,32 @@ private:
 };
 
 struct SettingsTexts {
-    std::string section, key, value;
+    std::string section, value;
+    std::optional<std::string> key;
     bool asJson = false;
 };
+
+/// Before a file is made for it. An empty name would stand for a whole section, or for the host's own one.
+void requireNames(const SettingsTexts& texts, bool isWritten) {
+    if (texts.key && texts.key->empty()) throw UsageError{"KEY is empty; name a key"};
+    if (!isWritten) return;
+    try {
+        requireStorable(texts.section, texts.key.value_or("-"), texts.value);
+    } catch (const SettingsError& error) {
+        throw UsageError{error.what()};
+    }
+}
+
+void requireSection(const CLI::App& line, const SettingsTexts& texts) {
+    if (line.get_option_no_throw("SECTION") != nullptr && texts.section.empty())
+        throw UsageError{"SECTION is empty; name a section"};
+}
 
 /// One command: its positional options have been declared; `work` gives the result as JSON and as lines.
 struct Result {
     Json json;
     std::string lines;
+    std::string warning{};  ///< a sentence; empty for none
 };
 
 using Work = Result (*)(clsINI& settings, const SettingsTexts& texts);
@@ -77,9 +95,14 @@ using Work = Result (*)(clsINI& settings, const SettingsTexts& texts);
 Action settingsAction(CLI::App& line, const std::shared_ptr<SettingsTexts>& texts, Before before, Work work) {
     line.add_flag("--json", texts->asJson, "Print JSON");
     return [&line, texts, before, work](Console& console) {
-        SettingsHost host{line.get_parent()->get_option("FILE")->as<std::string>(), before};
+        requireSection(line, *texts);
+        requireNames(*texts, before == Before::either);
+        const auto file = line.get_parent()->get_option("FILE")->as<std::string>();
+        if (file.empty()) throw UsageError{"FILE is empty; name a settings file"};
+        SettingsHost host{file, before};
         const Result result = work(host.settings, *texts);
         host.requireDone();
+        if (!result.warning.empty()) tellFailure(console, result.warning);
         console.out << (texts->asJson ? jsonText(result.json, 2) + '\n' : result.lines);
         return ExitStatus::done;
     };
@@ -90,8 +113,11 @@ void declareSectionAndKey(CLI::App& line, SettingsTexts& texts) {
     line.add_option("KEY", texts.key, "The key, such as BackgroundType")->required();
 }
 
-Result namesResult(Json json, const char* key, std::string_view names) {
+Result namesResult(Json json, const char* key, std::string_view names, const clsINI& settings) {
     Result result{std::move(json), {}};
+    const bool isCut = settings.lastSystemError() == SettingsError::kMoreData;
+    if (isCut) result.warning = "The list ends at 1022 characters, its last name may be cut; there are more names";
+    result.json["cut"] = isCut;
     result.json[key] = Json::array();
     while (!names.empty()) {
         const std::size_t end = std::min(names.find('\0'), names.size());
@@ -113,8 +139,11 @@ Action declareGet(CLI::App& line) {
     declareSectionAndKey(line, *texts);
     line.add_option("DEFAULT", texts->value, "Given and written when the key is missing or empty; <not_set> without it");
     return settingsAction(line, texts, Before::either, [](clsINI& settings, const SettingsTexts& given) {
-        const std::string value = settings.getKeyString(given.section, given.key, given.value);
-        return Result{{{"section", given.section}, {"key", given.key}, {"value", value}}, onOneLine(value) + '\n'};
+        const std::string value = settings.getKeyString(given.section, *given.key, given.value);
+        const bool isCut = settings.lastSystemError() == SettingsError::kMoreData;
+        return Result{{{"section", given.section}, {"key", *given.key}, {"value", value}, {"cut", isCut}},
+                      onOneLine(value) + '\n',
+                      isCut ? "The value is longer than the 254 characters that are given" : ""};
     });
 }
 
@@ -123,14 +152,18 @@ Action declareSet(CLI::App& line) {
     declareSectionAndKey(line, *texts);
     line.add_option("VALUE", texts->value, "The new value; one that begins with a hyphen stands behind --")->required();
     return settingsAction(line, texts, Before::either, [](clsINI& settings, const SettingsTexts& given) {
-        settings.setKeyValue(given.section, given.key, given.value);
-        return Result{{{"section", given.section}, {"key", given.key}, {"value", given.value}}, {}};
+        settings.setKeyValue(given.section, *given.key, given.value);
+        constexpr std::size_t kRoom = 1U << 16U;  // for every value that can be stored
+        const auto stored = hostServices().privateProfile->readKey(given.section, *given.key, "", kRoom, settings.iniFile()).text;
+        return Result{{{"section", given.section}, {"key", *given.key}, {"value", stored}},
+                      {},
+                      stored == given.value ? "" : "The value has characters that the file's code page lacks; they became \"?\""};
     });
 }
 
 Action declareSections(CLI::App& line) {
     return settingsAction(line, std::make_shared<SettingsTexts>(), Before::isThere, [](clsINI& settings, const SettingsTexts&) {
-        return namesResult(Json::object(), "sections", settings.getSections());
+        return namesResult(Json::object(), "sections", settings.getSections(), settings);
     });
 }
 
@@ -138,7 +171,7 @@ Action declareKeys(CLI::App& line) {
     const auto texts = std::make_shared<SettingsTexts>();
     line.add_option("SECTION", texts->section, "The section")->required();
     return settingsAction(line, texts, Before::isThere, [](clsINI& settings, const SettingsTexts& given) {
-        return namesResult({{"section", given.section}}, "keys", settings.getKeysInSection(given.section));
+        return namesResult({{"section", given.section}}, "keys", settings.getKeysInSection(given.section), settings);
     });
 }
 
@@ -147,8 +180,8 @@ Action declareDelete(CLI::App& line) {
     line.add_option("SECTION", texts->section, "The section")->required();
     line.add_option("KEY", texts->key, "The key; the whole section without it");
     return settingsAction(line, texts, Before::isThere, [](clsINI& settings, const SettingsTexts& given) {
-        given.key.empty() ? settings.deleteSection(given.section) : settings.deleteKey(given.section, given.key);
-        return Result{{{"section", given.section}, {"key", given.key.empty() ? Json(nullptr) : Json(given.key)}}, {}};
+        given.key ? settings.deleteKey(given.section, *given.key) : settings.deleteSection(given.section);
+        return Result{{{"section", given.section}, {"key", given.key ? Json(*given.key) : Json(nullptr)}}, {}};
     });
 }
 

@@ -82,12 +82,18 @@ void requireFile(const std::string& file) {
 
 }  // namespace
 
+void requireStorable(std::string_view section, std::string_view key, std::string_view value) {
+    requireName("The name of a section", section);
+    requireName("A key", key);
+    requireNewSection(section);
+    requireNewKey(key);
+    requireOneLine("A value", value, kLongestValue);
+}
+
 ProfileAnswer PrivateProfileFile::readKey(std::string_view section, std::string_view key, std::string_view fallback,
                                           std::size_t capacity, const std::string& file) {
     return readFrom(file, fallback, [&](const ProfileText& text) -> std::optional<ProfileAnswer> {
-        auto value = text.value(section, key, capacity - 1);
-        if (!value) return std::nullopt;
-        return ProfileAnswer{*std::move(value)};
+        return text.value(section, key, capacity - 1);
     });
 }
 
@@ -99,17 +105,20 @@ ProfileAnswer PrivateProfileFile::keyNames(std::string_view section, std::size_t
     return readFrom(file, "", [&](const ProfileText& text) { return anyNames(text.keyNames(section, capacity - 2)); });
 }
 
+bool PrivateProfileFile::isSameName(std::string_view left, std::string_view right, const std::string& file) {
+    return told("read", file, [&] {
+        const std::optional<std::string> bytes = readWholeFile(file);
+        return textOf(bytes ? std::string_view{*bytes} : std::string_view{}).isSameName(left, right);
+    });
+}
+
 void PrivateProfileFile::write(std::string_view section, std::optional<std::string_view> key,
                                std::optional<std::string_view> value, const std::string& file) {
     requireFile(file);
     requireName("The name of a section", section);
     if (key) requireName("A key", *key);
     const bool isNew = key && value;
-    if (isNew) {
-        requireNewSection(section);
-        requireNewKey(*key);
-        requireOneLine("A value", *value, kLongestValue);
-    }
+    if (isNew) requireStorable(section, *key, *value);
     told("changed", file, [&] {
         rewriteFile(file, [&](const std::optional<std::string>& present) -> std::optional<std::string> {
             if (!present && !isNew) return std::nullopt;

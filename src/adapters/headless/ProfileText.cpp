@@ -3,13 +3,13 @@
 #include "adapters/headless/AnsiText.h"
 #include "platform/Text.h"
 
-#include <set>
+#include <algorithm>
 
 namespace wmoutlook {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\v\f\r";
+constexpr std::string_view kBlanks = " \t\v\f\r\x1A";  // 1A ends files of old programs
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
@@ -40,9 +40,7 @@ struct ProfileText::Line {
 
     [[nodiscard]] std::optional<std::string_view> sectionName() const {
         if (first() != '[') return std::nullopt;
-        const std::size_t bracket = text.find(']');
-        if (bracket == std::string_view::npos) return std::nullopt;
-        return withoutBlanks(text.substr(1, bracket - 1));
+        return withoutBlanks(text.substr(1, text.substr(1).find(']')));
     }
 
     /// Nothing when the line is no key.
@@ -62,12 +60,11 @@ public:
 
     bool read(Line& line) {
         if (next_ >= bytes_.size()) return false;
-        const std::size_t newLine = bytes_.find('\n', next_);
-        const bool isEnded = newLine != std::string_view::npos;
+        const std::size_t newLine = std::min(bytes_.find('\n', next_), bytes_.size());
         line.start = next_;
-        line.end = isEnded ? newLine + 1 : bytes_.size();
-        line.lineEnd = isEnded ? newLine : bytes_.size();
-        if (isEnded && newLine > next_ && bytes_[newLine - 1] == '\r') --line.lineEnd;
+        line.lineEnd = next_ + std::min(bytes_.substr(next_, newLine - next_).find('\r'), newLine - next_);
+        const bool isPair = line.lineEnd + 1 == newLine;  // a carriage return alone ends a line too
+        line.end = std::min(isPair ? newLine + 1 : line.lineEnd + 1, bytes_.size());
         std::size_t first = next_;
         std::size_t last = line.lineEnd;
         while (first < last && isBlank(bytes_[first])) ++first;
@@ -78,7 +75,7 @@ public:
     }
 
 private:
-    static bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r' && c != '\n'); }
+    static bool isBlank(char c) { return c == ' ' || c == '\x1A' || (c >= '\t' && c <= '\r' && c != '\n'); }
 
     std::string_view bytes_;
     std::size_t next_;
@@ -98,7 +95,6 @@ public:
     bool add(std::string_view name) {
         if (name.empty() || name.find('\0') != std::string_view::npos) return true;
         const std::string decoded = text_.decoded(name);
-        if (!known_.insert(lowerCase(decoded)).second) return true;
         answer_.text.append(decoded).append(1, '\0');
         count_ += characterCount(decoded) + 1;
         answer_.isCut = count_ > most_;
@@ -106,7 +102,10 @@ public:
     }
 
     ProfileAnswer answer() && {
-        if (answer_.isCut) answer_.text.resize(firstCharacters(answer_.text, most_).size());
+        if (answer_.isCut) {
+            answer_.text.resize(firstCharacters(answer_.text, most_).size());
+            answer_.systemError = SettingsError::kMoreData;
+        }
         if (answer_.text.empty()) answer_.systemError = SettingsError::kNotFound;
         return std::move(answer_);
     }
@@ -115,7 +114,6 @@ private:
     const ProfileText& text_;
     std::size_t most_;
     std::size_t count_ = 0;
-    std::set<std::string> known_;
     ProfileAnswer answer_;
 };
 
@@ -134,8 +132,8 @@ std::string ProfileText::decoded(std::string_view bytes) const {
     return isUtf8_ ? std::string{bytes} : utf8FromAnsi(bytes);
 }
 
-std::optional<ProfileText::Section> ProfileText::findSection(std::string_view name, std::size_t from) const {
-    Lines lines{bytes_, std::max(from, start_)};
+std::optional<ProfileText::Section> ProfileText::findSection(std::string_view name) const {
+    Lines lines{bytes_, start_};
     for (Line line; lines.read(line);) {
         const auto found = line.sectionName();
         if (found && isSame(*found, name)) return Section{line.start, line.end};
@@ -143,8 +141,8 @@ std::optional<ProfileText::Section> ProfileText::findSection(std::string_view na
     return std::nullopt;
 }
 
-std::optional<ProfileText::Line> ProfileText::findKey(const Section& section, std::string_view name, std::size_t from) const {
-    Lines lines{bytes_, std::max(from, section.body)};
+std::optional<ProfileText::Line> ProfileText::findKey(const Section& section, std::string_view name) const {
+    Lines lines{bytes_, section.body};
     for (Line line; lines.read(line);) {
         if (line.sectionName()) break;
         const auto found = line.keyName();
@@ -153,16 +151,24 @@ std::optional<ProfileText::Line> ProfileText::findKey(const Section& section, st
     return std::nullopt;
 }
 
-std::optional<std::string> ProfileText::value(std::string_view section, std::string_view key, std::size_t most) const {
+bool ProfileText::isSameName(std::string_view left, std::string_view right) const {
+    const std::string leftBytes = encoded(left);
+    const std::string rightBytes = encoded(right);
+    return isSame(withoutBlanks(leftBytes), withoutBlanks(rightBytes));
+}
+
+std::optional<ProfileAnswer> ProfileText::value(std::string_view section, std::string_view key, std::size_t most) const {
     const std::string sectionBytes = encoded(section);
     const std::string keyBytes = encoded(key);
     const auto found = findSection(withoutBlanks(sectionBytes));
     if (!found) return std::nullopt;
-    const auto line = findKey(*found, withoutBlanks(keyBytes), 0);
+    const auto line = findKey(*found, withoutBlanks(keyBytes));
     if (!line) return std::nullopt;
     std::string_view text = line->value();
     if (isQuoted(text)) text = text.substr(1, text.size() - 2);
-    return decoded(isUtf8_ ? firstCharacters(text, most) : text.substr(0, most));
+    const std::string_view given = isUtf8_ ? firstCharacters(text, most) : text.substr(0, most);
+    const bool isCut = given.size() < text.size();
+    return ProfileAnswer{decoded(given), isCut ? SettingsError::kMoreData : 0, isCut};
 }
 
 ProfileAnswer ProfileText::sectionNames(std::size_t most) const {
@@ -195,24 +201,11 @@ std::size_t ProfileText::endOfKeys(const Section& section) const {
     return end;
 }
 
-std::size_t ProfileText::endOfDeletion(const Section& section) const {
-    std::size_t end = section.body;
-    std::optional<std::size_t> comments;  // those that no key follows
-    Lines lines{bytes_, section.body};
-    for (Line line; lines.read(line);) {
-        if (line.sectionName()) return comments.value_or(end);
-        if (line.first() != ';') comments.reset();
-        if (line.first() == ';' && !comments) comments = line.start;
-        end = line.end;
-    }
-    return end;
-}
-
 std::string ProfileText::withInserted(std::size_t place, std::string_view lines) const {
     std::string text;
     text.reserve(bytes_.size() + lines.size() + kLineEnd.size());
     text.append(bytes_.substr(0, place));
-    if (place > start_ && bytes_[place - 1] != '\n') text += kLineEnd;
+    if (place > start_ && bytes_[place - 1] != '\n' && bytes_[place - 1] != '\r') text += kLineEnd;
     return text.append(lines).append(bytes_.substr(place));
 }
 
@@ -230,7 +223,7 @@ std::string ProfileText::withValue(std::string_view section, std::string_view ke
         const std::string head = '[' + std::string{withoutBlanks(sectionBytes)} + ']' + std::string{kLineEnd};
         return withInserted(bytes_.size(), (hasEmptyLine ? "" : std::string{kLineEnd}) + head + newLine);
     }
-    const auto line = findKey(*found, name, 0);
+    const auto line = findKey(*found, name);
     if (!line) return withInserted(endOfKeys(*found), newLine);
     const auto endOfText = static_cast<std::size_t>(line->text.data() + line->text.size() - bytes_.data());
     const std::size_t startOfValue = endOfText - line->value().size();
@@ -242,26 +235,22 @@ std::string ProfileText::withValue(std::string_view section, std::string_view ke
 std::string ProfileText::withoutKey(std::string_view section, std::string_view key) const {
     const std::string sectionBytes = encoded(section);
     const std::string keyBytes = encoded(key);
-    std::string text;
-    std::size_t taken = 0;
-    if (const auto found = findSection(withoutBlanks(sectionBytes))) {
-        while (const auto line = findKey(*found, withoutBlanks(keyBytes), taken)) {  // one that is left would come to light
-            text.append(bytes_.substr(taken, line->start - taken));
-            taken = line->end;
-        }
-    }
-    return text.append(bytes_.substr(taken));
+    const auto found = findSection(withoutBlanks(sectionBytes));
+    const auto line = found ? findKey(*found, withoutBlanks(keyBytes)) : std::nullopt;
+    if (!line) return std::string{bytes_};
+    return std::string{bytes_.substr(0, line->start)}.append(bytes_.substr(line->end));
 }
 
 std::string ProfileText::withoutSection(std::string_view section) const {
     const std::string sectionBytes = encoded(section);
-    std::string text;
-    std::size_t taken = 0;
-    while (const auto found = findSection(withoutBlanks(sectionBytes), taken)) {
-        text.append(bytes_.substr(taken, found->start - taken));
-        taken = endOfDeletion(*found);
-    }
-    return text.append(bytes_.substr(taken));
+    const auto found = findSection(withoutBlanks(sectionBytes));
+    if (!found) return std::string{bytes_};
+    std::string text{bytes_.substr(0, found->start)};
+    std::size_t end = found->body;
+    Lines lines{bytes_, found->body};
+    for (Line line; lines.read(line) && !line.sectionName(); end = line.end)
+        if (line.first() == ';') text.append(bytes_.substr(line.start, line.end - line.start));
+    return text.append(bytes_.substr(end));
 }
 
 }  // namespace wmoutlook

@@ -178,6 +178,7 @@ private:
                 uninterrupted([&] { return ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode); });
             if (descriptor >= 0) return OpenFile{descriptor};
             if (errno == ENOENT) throw FileFault{ENOENT, "Its folder is not there"};
+            if (errno == EACCES || errno == EROFS) throw FileFault{errno, "Its folder cannot be written to"};
             if (errno != EEXIST || attempt == kMostAttempts) fail(errno);
         }
     }
@@ -188,7 +189,8 @@ private:
         const bool isOwned = now.st_uid == old.st_uid && now.st_gid == old.st_gid;
         if (!isOwned && ::fchown(file_.descriptor(), old.st_uid, old.st_gid) != 0)
             static_cast<void>(::fchown(file_.descriptor(), static_cast<uid_t>(-1), old.st_gid) == 0);
-        require(::fchmod(file_.descriptor(), old.st_mode & 07777U));
+        const bool isOfAnotherGroup = statusOf(file_).st_gid != old.st_gid;  // which the mode was not meant for
+        require(::fchmod(file_.descriptor(), old.st_mode & (isOfAnotherGroup ? 07707U : 07777U)));
     }
 
     std::string target_;
