@@ -57,9 +57,12 @@ std::optional<Date> moment(const Recordset& row, std::string_view timeField) {
     const auto time = row.fieldIfRead(timeField);
     if (!time) return std::nullopt;
     if (isNullOrEmpty(*time)) return dayOf(*day);
-    return statement([&]() -> std::optional<Date> {
-        return fromSecondsSinceDayZero(secondsSinceDayZero(dayOf(*day)) + secondsSinceDayZero(timeOf(time->toDate())));
-    });
+    return row.convert(
+        timeField,
+        [&]() -> std::optional<Date> {
+            return fromSecondsSinceDayZero(secondsSinceDayZero(dayOf(*day)) + secondsSinceDayZero(timeOf(time->toDate())));
+        },
+        std::nullopt);
 }
 
 /// A row without a client says so by -1: a blank number in the host is put right on the way.
@@ -75,7 +78,8 @@ void writeReminder(const outlook::Item& item, const Recordset& row) {
     const auto period = row.textIfRead("ReminderPeriod");
     if (period)
         item.put(property::ReminderMinutesBeforeStart,
-                 statement([&] { return reminderMinutes(*period); }, kDefaultReminderMinutes));
+                 row.convert(
+                     "ReminderPeriod", [&] { return reminderMinutes(*period); }, kDefaultReminderMinutes));
 }
 
 }  // namespace
@@ -139,7 +143,7 @@ void CalendarWriter::writeBody(const outlook::Item& item, const Recordset& row) 
     const Variant notes = row.field("TextBody");
     if (notes.isNull()) return;
     const std::string text = notes.toText();
-    if (!IsTextInRTBEmpty(text)) item.put(property::Body, getPlainTextFromRTBText(text));
+    if (!IsTextInRTBEmpty(text)) item.put(property::Body, getPlainTextFromRTBText(text, row));
 }
 
 bool CalendarWriter::IsTextInRTBEmpty(std::string_view text) const {
@@ -149,12 +153,13 @@ bool CalendarWriter::IsTextInRTBEmpty(std::string_view text) const {
     return isEmpty;
 }
 
-bool CalendarWriter::getPlainTextFromRTBText(std::string_view text) const {
+bool CalendarWriter::getPlainTextFromRTBText(std::string_view text, const Recordset& row) const {
     bool asTruthValue = false;
     Routine routine{"wmoutlooktb.dll-clsOutlookSynchronization-getPlainTextFromRTBText", &run_.ExitProgram};
     routine.run([&] {
         const std::string plainText = RichText::plainText(text);
-        asTruthValue = statement([&] { return Variant{plainText}.toBoolean(); });
+        asTruthValue = row.convert(
+            "TextBody", [&] { return Variant{plainText}.toBoolean(); }, false);
     });
     return asTruthValue;
 }

@@ -38,8 +38,8 @@ private:
 
     [[nodiscard]] bool IsTextInRTBEmpty(std::string_view text) const;
     /// Declared as a truth value, so the plain text is converted to one on its way out: what is written to Outlook is "True" or
-    /// "False", and a text that is neither a number nor a truth value fails. Meant so.
-    [[nodiscard]] bool getPlainTextFromRTBText(std::string_view text) const;
+    /// "False", and a text that is neither a number nor a truth value fails, which is told of the row. Meant so.
+    [[nodiscard]] bool getPlainTextFromRTBText(std::string_view text, const Recordset& row) const;
 
     SyncRun& run_;
     const CalendarTable& table_;

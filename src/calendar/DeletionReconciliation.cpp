@@ -4,9 +4,11 @@
 #include "hostdata/Recordset.h"
 #include "hostdata/modDatabaseFunctions.h"
 #include "hostdata/modDatabaseFunctions_Calendar.h"
+#include "platform/Errors.h"
 #include "platform/Routine.h"
 #include "platform/ValueHelper.h"
 #include "syncstore/LinkQuery.h"
+#include "syncstore/TargetItem.h"
 
 #include <optional>
 #include <string>
@@ -65,7 +67,10 @@ void DeletionReconciliation::deleteMissingTallowbrookApptsInOutlook(std::string_
                   if (!entryID) return;
                   // Errors are not ignored here: an item that Outlook does not give is a failure, and so is deleting nothing.
                   const outlook::Item item = run_.outlook.nameSpace.getItemFromID(*entryID, storeID);
-                  if (!item.remove() && !item.isNothing()) return;  // it is still there, and its link with it
+                  const bool isOwn = item.isNothing() || isOfType(item, table_.itemType);
+                  if (!isOwn) statement([] { throw OutlookError{-1, "A link leads to an item of another type, which stays"}; });
+                  // What could not be deleted is still there, and its link with it.
+                  if (isOwn && !item.remove() && !item.isNothing()) return;
                   yieldTwice();
                   link.deleteRecord();
               });

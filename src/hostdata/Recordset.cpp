@@ -54,15 +54,14 @@ void Recordset::close() {
 
 /// Reads and converts a field in one statement, so that trying again meets a row that was put right meanwhile.
 template <class Convert>
-auto Recordset::converted(std::string_view name, Convert convert) const {
-    return statement([&] {
-        const Variant value = database().getField(handle_, name);
-        try {
-            return convert(value);
-        } catch (const ConversionError& error) {
-            throw ConversionError{"The field \"" + std::string{name} + "\" holds what cannot be used: " + error.what()};
-        }
-    });
+auto Recordset::converted(std::string_view name, Convert conversion) const {
+    return convert(
+        name, [&] { return conversion(database().getField(handle_, name)); }, std::nullopt);
+}
+
+void Recordset::failToConvert(std::string_view field, const ConversionError& error) const {
+    const std::string record = recordName_.empty() ? "" : " of " + recordName_;
+    throw ConversionError{"The field \"" + std::string{field} + "\"" + record + " holds what cannot be used: " + error.what()};
 }
 
 HostDatabase& Recordset::database() const {

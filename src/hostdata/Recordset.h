@@ -1,12 +1,16 @@
 #pragma once
 
+#include "platform/Errors.h"
 #include "platform/HostDatabase.h"
+#include "platform/Routine.h"
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 namespace wmoutlook {
 
@@ -25,6 +29,11 @@ public:
     Recordset& operator=(const Recordset&) = delete;
 
     [[nodiscard]] RecordsetHandle handle() const { return handle_; }
+    /// What messages call the current record, such as "Appointments 12".
+    void nameRecord(std::string name) { recordName_ = std::move(name); }
+    /// A conversion of a field's value as a statement; what cannot be converted is told with its field and record.
+    template <class Attempt>
+    auto convert(std::string_view field, Attempt attempt, std::invoke_result_t<Attempt> skipped) const;
     [[nodiscard]] std::int32_t recordCount() const;
     [[nodiscard]] bool hasRows() const;
     /// Nothing when it could not be told: only a set that is known to be empty is a licence to add what is missing.
@@ -66,15 +75,30 @@ private:
     friend class KeptPosition;
 
     template <class Convert>
-    [[nodiscard]] auto converted(std::string_view name, Convert convert) const;
+    [[nodiscard]] auto converted(std::string_view name, Convert conversion) const;
+    [[noreturn]] void failToConvert(std::string_view field, const ConversionError& error) const;
     [[nodiscard]] HostDatabase& database() const;
     [[nodiscard]] bool isOpen() const { return handle_ != kNoRecordset; }
 
     std::shared_ptr<HostDatabase> database_;
     RecordsetHandle handle_ = kNoRecordset;
+    std::string recordName_;
     mutable bool isPassedOver_ = false;  ///< a move was skipped: the set counts as being at its end until a row is found
     int exceptionsAtOpening_ = 0;
 };
+
+template <class Attempt>
+auto Recordset::convert(std::string_view field, Attempt attempt, std::invoke_result_t<Attempt> skipped) const {
+    return statement(
+        [&] {
+            try {
+                return attempt();
+            } catch (const ConversionError& error) {
+                failToConvert(field, error);
+            }
+        },
+        std::move(skipped));
+}
 
 /// Puts a recordset back on its row when a nested call that uses the same service is over. The recordset outlives it.
 class KeptPosition {

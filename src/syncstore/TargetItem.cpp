@@ -2,6 +2,7 @@
 
 #include "hostdata/HostServices.h"
 #include "hostdata/Recordset.h"
+#include "platform/Routine.h"
 #include "platform/ValueHelper.h"
 #include "platform/outlook/PropertyNames.h"
 
@@ -18,11 +19,18 @@ std::string targetStore(SyncRun& run, outlook::DefaultFolder folder) {
     return chosen.storeID();
 }
 
+bool isOfType(const outlook::Item& item, outlook::ItemType type) {
+    if (item.isNothing()) return false;
+    const auto itemClass =
+        quietly([&]() -> std::optional<std::int32_t> { return item.get(outlook::property::Class).toInteger(); });
+    return !itemClass || *itemClass == static_cast<std::int32_t>(outlook::classOf(type));
+}
+
 outlook::Item itemToWrite(const SyncRun& run, outlook::ItemType type, std::string_view entryID, std::string_view storeID) {
     const OutlookSession& session = run.outlook;
     if (!isNullOrEmpty(entryID)) {
         const outlook::Item linked = session.nameSpace.findItemFromID(entryID, storeID);
-        if (!linked.isNothing()) return linked;
+        if (isOfType(linked, type)) return linked;
     }
     const std::string folderID = run.options.outlookImportFolderEntryID;  // the host may put another one while a call is retried
     if (isNullOrEmpty(folderID) || isNullOrEmpty(storeID)) return session.application.createItem(type);
@@ -40,7 +48,8 @@ void writeRow(const RowToWrite& row, const outlook::Item& item, const WriteField
               std::optional<std::string>& written) {
     if (!isDatabaseOpen() || row.number < 0) return;
     const std::string table{row.table};
-    const Recordset rows{"SELECT " + table + ".* FROM " + table + ";", row.lock};
+    Recordset rows{"SELECT " + table + ".* FROM " + table + ";", row.lock};
+    rows.nameRecord(table + " " + toText(row.number));
     const auto isThere = rows.findFirstIfTold(row.key, row.number);
     if (!isThere) return;
     if (!*isThere) {

@@ -21,8 +21,11 @@ inline constexpr std::string_view kNothingWritten = "-1";
 /// the options after the run. Empty when it could not be told.
 [[nodiscard]] std::string targetStore(SyncRun& run, outlook::DefaultFolder folder);
 
+/// Whether there is an item and it is of this type. One that does not tell its class passes: what is linked was of the right one.
+[[nodiscard]] bool isOfType(const outlook::Item& item, outlook::ItemType type);
+
 /// The linked item, or a new one in the run's folder (in the default folder of its type when none is named): an item that was
-/// deleted in Outlook comes back. A blank entryID is no link.
+/// deleted in Outlook comes back, and an item of another type is not touched. A blank entryID is no link.
 [[nodiscard]] outlook::Item itemToWrite(const SyncRun& run, outlook::ItemType type, std::string_view entryID,
                                         std::string_view storeID);
 

@@ -88,6 +88,32 @@ TEST(CalendarPass, ItemDeletedInOutlookComesBack) {
     EXPECT_EQ(firm.links()[0].outlookID, textOf(*firm.items().at(0), property::EntryID));
 }
 
+TEST(CalendarPass, LinkToAnItemOfAnotherTypeIsNoLink) {
+    CalendarFirm firm{kTasks};
+    firm.addTask({{"Subject", "T"}});
+    const auto other = firm.nameSpace()->getDefaultFolder(outlook::DefaultFolder::contacts)->items()->add(std::nullopt);
+    other->put(property::FileAs, "Somebody");
+    other->save();
+    const std::string otherID = textOf(*other, property::EntryID);
+    firm.run();
+    const auto pointToOther = [&] {
+        const RecordsetHandle rows =
+            firm.host.database->openRecordset("SELECT OutlookSync.* FROM OutlookSync;", LockCode::updatable);
+        firm.host.database->updateField(rows, "OutlookID", otherID);
+        firm.host.database->closeRecordset(rows);
+    };
+    pointToOther();
+    firm.run();
+    EXPECT_NE(firm.links()[0].outlookID, otherID);
+    pointToOther();
+    firm.remove("Tasks", "TaskID", 1);
+    firm.host.errors->answer = [](const ErrorReport&) { return ErrorAnswer::goOn; };
+    firm.run();
+    EXPECT_TRUE(firm.links().empty());
+    EXPECT_EQ(firm.host.errors->reports.size(), 1U);
+    EXPECT_EQ(textOf(*firm.nameSpace()->getItemFromID(otherID, ""), property::FileAs), "Somebody");
+}
+
 TEST(CalendarPass, WritesIntoTheChosenFolder) {
     CalendarFirm firm{kAppointments};
     firm.addAppointment({{"Subject", "A"}});

@@ -106,5 +106,20 @@ TEST_F(OutlookCommands, EveryCommandExplainsItselfWithAnExample) {
     }
 }
 
+TEST_F(OutlookCommands, ListGoesOnBehindAnItemThatCannotBeRead) {
+    EXPECT_EQ(outlook({"list", "--expand", "2026-11-01", "2026-11-30"}).err, "");  // recurring tasks are not expanded
+    EXPECT_EQ(
+        outlook({"add", "--folder", "Calendar"}, R"([{"Start": "0100-01-01T09:00:00"}, {"Start": "2026-11-24T09:00:00"}])").err,
+        "");
+    const std::size_t before = outlook({"list", "--json"}).json().size();
+    OtherProcess{file("outlook.db")}.execute(
+        "UPDATE Items SET Properties = x'FF' WHERE ItemNumber = (SELECT max(ItemNumber) - 1 FROM Items)");
+    const Result list = outlook({"list", "--json"});
+    EXPECT_EQ(list.status, 1);
+    EXPECT_EQ(list.json().size(), before - 1);
+    EXPECT_NE(list.err.find("cannot read"), std::string::npos) << list.err;
+    EXPECT_EQ(outlook({"list", "--expand", "0100-01-01", "2026-11-30"}).status, 1);
+}
+
 }  // namespace
 }  // namespace wmoutlook::testing

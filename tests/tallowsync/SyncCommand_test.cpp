@@ -1,3 +1,4 @@
+#include "adapters/headless/RunLock.h"
 #include "tests/tallowsync/ProgramTest.h"
 
 #include <algorithm>
@@ -205,6 +206,19 @@ TEST_F(SyncCommand, LinksBelongToTheDataFileThatIsNamed) {
     static_cast<void>(sync({"--companies", "1"}));
     EXPECT_EQ(sync({"--companies", "1", "--json"}).json()["written"]["host"]["created"].size(), 0U);
     EXPECT_EQ(sync({"--companies", "1", "--data-file", "other", "--json"}).json()["written"]["host"]["created"].size(), 1U);
+}
+
+TEST_F(SyncCommand, TwoRunsAtOnceAreRefused) {
+    for (const auto* const name : {"firm.db", "outlook.db"}) {
+        const RunLock other{file(name)};
+        const auto before = bytes();
+        const Result refused = sync();
+        EXPECT_EQ(refused.status, 3);
+        EXPECT_EQ(refused.err,
+                  "tallowsync: Another run is at work on \"" + file(name) + "\"; start this one again when it is done.\n");
+        EXPECT_EQ(bytes(), before);
+    }
+    EXPECT_EQ(sync().status, 0);
 }
 
 }  // namespace

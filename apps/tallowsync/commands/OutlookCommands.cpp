@@ -90,26 +90,34 @@ struct ListOptions {
     bool asJson = false;
 };
 
-void visitItems(Automation& store, const ListOptions& options,
+/// An item that cannot be read is told, and the list goes on behind it. Whether there was none.
+bool visitItems(Automation& store, const ListOptions& options, Console& console,
                 const std::function<void(const outlookstore::ListedItem&)>& visit) {
+    bool areAllRead = true;
+    const auto unreadable = [&](const std::string& sentence) {
+        areAllRead = false;
+        tellFailure(console, sentence);
+    };
     if (options.expand.empty()) {
-        outlookstore::forEachItem(store, options.folder, visit);
-        return;
+        outlookstore::forEachItem(store, options.folder, visit, unreadable);
+        return areAllRead;
     }
     const Date first = moment("--expand", options.expand.front());
     const Date last = moment("--expand", options.expand.back());
     if (isEarlier(last, first)) throw UsageError{"--expand ends on a day before it begins; give the first day, then the last"};
-    outlookstore::forEachOccurrence(store, options.folder, first, last, visit);
+    outlookstore::forEachOccurrence(store, options.folder, first, last, visit, unreadable);
+    return areAllRead;
 }
 
 /// One element at a time, so that a large folder never lies in memory as a whole.
-void printItemsAsJson(Automation& store, const ListOptions& options, std::ostream& out) {
+bool printItemsAsJson(Automation& store, const ListOptions& options, Console& console) {
     const char* separator = "[\n";
-    visitItems(store, options, [&](const outlookstore::ListedItem& item) {
-        out << separator << jsonText(itemToJson(item));
+    const bool areAllRead = visitItems(store, options, console, [&](const outlookstore::ListedItem& item) {
+        console.out << separator << jsonText(itemToJson(item));
         separator = ",\n";
     });
-    out << (*separator == '[' ? "[]\n" : "\n]\n");
+    console.out << (*separator == '[' ? "[]\n" : "\n]\n");
+    return areAllRead;
 }
 
 Action declareList(CLI::App& line) {
@@ -124,11 +132,10 @@ Action declareList(CLI::App& line) {
     return [&line, options](Console& console) {
         const auto store = storeOf(line);
         if (options->folder) static_cast<void>(requireFolder(*store, *options->folder));
-        if (options->asJson)
-            printItemsAsJson(*store, *options, console.out);
-        else
-            visitItems(*store, *options, [&](const auto& item) { console.out << itemToLine(item) << '\n'; });
-        return ExitStatus::done;
+        const bool areAllRead = options->asJson ? printItemsAsJson(*store, *options, console)
+                                                : visitItems(*store, *options, console,
+                                                             [&](const auto& item) { console.out << itemToLine(item) << '\n'; });
+        return areAllRead ? ExitStatus::done : ExitStatus::doneWithFailures;
     };
 }
 

@@ -157,7 +157,7 @@ bool ItemReader::chooseType(const Json& object, NewItem& item) {
     const auto given = object.find("Class");
     if (given == object.end()) return true;
     const auto number = readInteger(*given);
-    const auto fits = static_cast<std::int32_t>(outlookstore::classOf(item.type));
+    const auto fits = static_cast<std::int32_t>(outlook::classOf(item.type));
     if (number && number->toInteger() == fits) return true;
     fault("has a Class other than " + std::to_string(fits) + ", and its folder takes " +
           std::string{outlookstore::typeName(item.type)} + "s only");

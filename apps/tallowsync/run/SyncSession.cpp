@@ -7,6 +7,7 @@
 #include "adapters/headless/HostRows.h"
 #include "adapters/headless/Machine.h"
 #include "adapters/headless/PrivateProfileFile.h"
+#include "adapters/headless/RunLock.h"
 #include "adapters/headless/WorkingFolders.h"
 #include "adapters/outlookstore/OutlookStore.h"
 #include "adapters/outlookstore/StoreListing.h"
@@ -136,6 +137,8 @@ private:
 
     const SyncRequest& request_;
     Console& console_;
+    const RunLock firmLock_{request_.firm};  // released behind all that opens the files
+    const RunLock outlookLock_{request_.outlook};
     std::shared_ptr<RunEnd> end_ = std::make_shared<RunEnd>(console_.stopSignal);
     std::shared_ptr<IdleMessageLoop> messageLoop_ = std::make_shared<RunMessageLoop>(end_);
     Platform platform_ = platformFor(request_, messageLoop_);

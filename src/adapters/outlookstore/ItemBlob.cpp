@@ -11,8 +11,8 @@ namespace wmoutlook::outlookstore {
 namespace {
 
 constexpr char kFormat = 1;
-constexpr double kEarliestDate = -657434;  // the year 100
-constexpr double kLatestDate = 2958466;    // the year 10000
+constexpr double kBeforeAllDates = -657435;  // the year 100 begins a day later; its times of day count away from zero
+constexpr double kLatestDate = 2958466;      // the year 10000
 
 void appendNumber(std::string& bytes, std::uint64_t number) {
     for (; number >= 0x80; number >>= 7) bytes += static_cast<char>(number | 0x80);
@@ -158,7 +158,7 @@ void ItemBlobReader::takeValue(StoredEntry& entry) {
             return;
         case StoredKind::date:
             entry.number = takeDouble();
-            if (!(entry.number >= kEarliestDate && entry.number < kLatestDate)) fail();
+            if (!(entry.number > kBeforeAllDates && entry.number < kLatestDate)) fail();
             return;
         case StoredKind::number:
             entry.number = takeDouble();

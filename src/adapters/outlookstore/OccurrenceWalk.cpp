@@ -23,6 +23,11 @@ DayNumber clampedDay(std::int64_t day, DayNumber least, DayNumber most) {
     return static_cast<DayNumber>(std::clamp<std::int64_t>(day, least, most));
 }
 
+/// A recurring task is one item here too: it has no start from which it could be expanded.
+bool isExpanded(const LoadedItem& item) {
+    return item.head.type == outlook::ItemType::appointment && isSeries(item.data);
+}
+
 }  // namespace
 
 SeriesWalk::SeriesWalk(SeriesStorage& series, const LoadedItem& master, SecondsRange range)
@@ -88,7 +93,7 @@ void OccurrenceWalk::openSeries() {
         if ((single_ && single_->key < place.key) || (!open_.empty() && open_.begin()->first.key < place.key)) return;
         unopened_ = file_.series().next(terms_.folder, place, range_.low);
         const auto master = file_.items().loadIf(place.number, terms_.folder, {});
-        if (!master || !isSeries(master->data)) continue;
+        if (!master || !isExpanded(*master)) continue;
         SeriesWalk walk{file_.series(), *master, range_};
         if (walk.current()) open_.emplace(ItemPlace{walk.current()->start, place.number}, std::move(walk));
     }
@@ -107,7 +112,7 @@ std::optional<WalkedItem> OccurrenceWalk::takeSingle() {
     const ItemPlace place = std::exchange(single_, singles_.next()).value();
     auto item = file_.items().loadIf(place.number, terms_.folder,
                                      [&](const ItemHead& head, std::string_view bytes) { return terms_.pass(head, bytes); });
-    if (!item || isSeries(item->data)) return std::nullopt;
+    if (!item || isExpanded(*item)) return std::nullopt;
     return WalkedItem{std::move(*item), std::nullopt};
 }
 
@@ -121,7 +126,7 @@ std::optional<WalkedItem> OccurrenceWalk::takeOccurrence() {
         open_.insert(std::move(node));
     }
     auto master = file_.items().loadIf(number, terms_.folder, {});
-    if (!master || !isSeries(master->data)) return std::nullopt;
+    if (!master || !isExpanded(*master)) return std::nullopt;
     auto data = occurrenceOf(file_.series(), *master, occurrence.originalDay);
     if (!data || !passes(*master, *data)) return std::nullopt;
     return WalkedItem{{master->head, std::move(*data)}, occurrence.originalDay};

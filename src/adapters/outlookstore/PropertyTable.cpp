@@ -90,14 +90,4 @@ std::string_view typeName(outlook::ItemType type) {
     return "MailItem";
 }
 
-outlook::ItemClass classOf(outlook::ItemType type) {
-    switch (type) {
-        case outlook::ItemType::appointment: return outlook::ItemClass::appointment;
-        case outlook::ItemType::contact: return outlook::ItemClass::contact;
-        case outlook::ItemType::task: return outlook::ItemClass::task;
-        case outlook::ItemType::mail: break;
-    }
-    return outlook::ItemClass::mail;
-}
-
 }  // namespace wmoutlook::outlookstore

@@ -55,7 +55,6 @@ private:
 
 /// "ContactItem", "AppointmentItem", "TaskItem", "MailItem".
 [[nodiscard]] std::string_view typeName(outlook::ItemType type);
-[[nodiscard]] outlook::ItemClass classOf(outlook::ItemType type);
 
 /// Properties that an index answers for equality, in the order of their columns in the file.
 inline constexpr std::array<std::string_view, 4> kIndexedProperties{"FileAs", "FullName", "Subject", "Email1Address"};

@@ -113,10 +113,23 @@ ListedItem listed(const StoreItem& item, std::string folder) {
     return result;
 }
 
+/// The next that can be read: reading goes on behind an item that cannot. The same failure twice is one of the file.
+template <class Read>
+auto nextReadable(const Unreadable& unreadable, Read read) -> std::invoke_result_t<Read> {
+    for (std::string last;;) try {
+            return read();
+        } catch (const OutlookError& error) {
+            if (!unreadable || last == error.what()) throw;
+            last = error.what();
+            unreadable(last);
+        }
+}
+
 void visitItems(const std::shared_ptr<Instance>& instance, const FolderRow& folder, const std::string& path,
-                const std::function<void(const ListedItem&)>& visit) {
+                const std::function<void(const ListedItem&)>& visit, const Unreadable& unreadable) {
     ItemStorage& items = instance->file().items();
-    for (std::int64_t position = 0; auto loaded = items.next(folder.number, position, nullptr, {});)
+    std::int64_t position = 0;
+    while (auto loaded = nextReadable(unreadable, [&] { return items.next(folder.number, position, nullptr, {}); }))
         visit(listed(StoreItem{instance, folder.store, std::move(*loaded)}, path));
 }
 
@@ -168,21 +181,22 @@ std::shared_ptr<outlook::port::MAPIFolder> addFolder(Automation& store, std::str
 }
 
 void forEachItem(Automation& store, std::optional<std::string_view> folderPath,
-                 const std::function<void(const ListedItem&)>& visit) {
+                 const std::function<void(const ListedItem&)>& visit, const Unreadable& unreadable) {
     const auto& instance = storeOf(store).inspection();
-    visitFolders(store, folderPath,
-                 [&](const FolderRow& folder, const std::string& path) { visitItems(instance, folder, path, visit); });
+    visitFolders(store, folderPath, [&](const FolderRow& folder, const std::string& path) {
+        visitItems(instance, folder, path, visit, unreadable);
+    });
 }
 
 void forEachOccurrence(Automation& store, std::optional<std::string_view> folderPath, Date first, Date last,
-                       const std::function<void(const ListedItem&)>& visit) {
+                       const std::function<void(const ListedItem&)>& visit, const Unreadable& unreadable) {
     const auto& instance = storeOf(store).inspection();
     const std::string filter =
         "[Start] >= '" + toIsoText(dayOf(first)) + "' and [Start] <= '" + toIsoText(dayOf(last)) + " 11:59 pm' and [Class] = 26";
     visitFolders(store, folderPath, [&](const FolderRow& folder, const std::string& path) {
         ViewTerms terms{folder.number, {{Filter::parse(filter), true}}, sortOrder("Start", false), true};
         const auto walk = makeWalk(instance->file(), terms);
-        while (auto walked = walk->next())
+        while (auto walked = nextReadable(unreadable, [&] { return walk->next(); }))
             visit(listed(StoreItem{instance, folder.store, std::move(walked->item), walked->occurrenceDay}, path));
     });
 }

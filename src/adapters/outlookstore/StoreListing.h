@@ -79,15 +79,18 @@ struct ListedFolder {
 std::shared_ptr<outlook::port::MAPIFolder> addFolder(outlook::port::Automation& store, std::string_view path,
                                                      outlook::DefaultFolder kind);
 
+/// Told of an item that cannot be read, by its failure's sentence; nothing: the failure ends the walk.
+using Unreadable = std::function<void(const std::string& sentence)>;
+
 /// Calls `visit` for each item of one folder (without those below it), or of all folders when there is no path, in folder
 /// order, one item in memory at a time. The visitor may delete the item that it is shown.
 void forEachItem(outlook::port::Automation& store, std::optional<std::string_view> folderPath,
-                 const std::function<void(const ListedItem&)>& visit);
+                 const std::function<void(const ListedItem&)>& visit, const Unreadable& unreadable = {});
 
 /// The appointments of one folder, or of all, that start on the days from `first` to `last`, in order of start within a folder, each
 /// occurrence of a series for itself.
 void forEachOccurrence(outlook::port::Automation& store, std::optional<std::string_view> folderPath, Date first, Date last,
-                       const std::function<void(const ListedItem&)>& visit);
+                       const std::function<void(const ListedItem&)>& visit, const Unreadable& unreadable = {});
 
 /// Makes an appointment or a task of an embedded store a series; takes effect with the next save, which moves its start to the
 /// first day of the pattern. The item has its start by then. A recurrence that cannot be is one sentence, and changes nothing.

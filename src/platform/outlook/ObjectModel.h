@@ -30,6 +30,16 @@ enum class DefaultFolder : std::int32_t {
 /// The values of an item's property Class.
 enum class ItemClass : std::int32_t { appointment = 26, contact = 40, mail = 43, task = 48 };
 
+[[nodiscard]] constexpr ItemClass classOf(ItemType type) {
+    switch (type) {
+        case ItemType::appointment: return ItemClass::appointment;
+        case ItemType::contact: return ItemClass::contact;
+        case ItemType::task: return ItemClass::task;
+        case ItemType::mail: break;
+    }
+    return ItemClass::mail;
+}
+
 enum class UserPropertyType : std::int32_t { text = 1, number = 3, dateTime = 5, yesNo = 6 };
 
 /// How a mail names a recipient.
