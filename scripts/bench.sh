@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Measures what the contact pass costs beside a hand-written loop, how the calendar pass grows and how fast rich text is read,
-# and prints a table of each (docs/performance.md says how to read them).
-#   scripts/bench.sh                      1,000, 10,000 and 100,000 records, five rounds, and rich text: some minutes
+# Measures what the contact pass costs beside a hand-written loop, how the calendar pass grows, how fast rich text and settings
+# files are read, and prints a table of each (docs/performance.md says how to read them).
+#   scripts/bench.sh                      1,000, 10,000 and 100,000 records, five rounds, and the rest: some minutes
 #   scripts/bench.sh --calendar           only the calendar pass: a minute
 #   scripts/bench.sh --richtext           only rich text: half a minute
+#   scripts/bench.sh --settings           only the settings file: half a minute
 #   scripts/bench.sh --guard              only whether a record costs the same among 8,000 as among 1,000: seconds
 #   scripts/bench.sh --verify             only whether both sides leave the same items and links
 #   scripts/bench.sh --sizes 1000,20000 --rounds 3 [--folder FOLDER]
@@ -11,10 +12,11 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-programs=(wmoutlook_bench richtext_bench)
+programs=(wmoutlook_bench richtext_bench settings_bench)
 case " $* " in
     " --richtext ") programs=(richtext_bench) ;;
-    *" --richtext "*) echo "bench.sh: --richtext stands alone" >&2; exit 2 ;;
+    " --settings ") programs=(settings_bench) ;;
+    *" --richtext "* | *" --settings "*) echo "bench.sh: --richtext and --settings stand alone" >&2; exit 2 ;;
     *" --guard "* | *" --verify "* | *" --calendar "*) programs=(wmoutlook_bench) ;;
 esac
 
