@@ -25,7 +25,7 @@ namespace wmoutlook {
 class clsInsertFieldsInRTB : public merge::MergeRecordIDs {
 public:
     clsInsertFieldsInRTB() = default;
-    ~clsInsertFieldsInRTB();
+    ~clsInsertFieldsInRTB() noexcept;
     clsInsertFieldsInRTB(const clsInsertFieldsInRTB&) = delete;
     clsInsertFieldsInRTB& operator=(const clsInsertFieldsInRTB&) = delete;
 

@@ -14,7 +14,7 @@ namespace wmoutlook {
 
 using merge::TextKind;
 
-clsInsertFieldsInRTB::~clsInsertFieldsInRTB() {
+clsInsertFieldsInRTB::~clsInsertFieldsInRTB() noexcept {
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-Class_Terminate", nullptr, Routine::OnFailure::ignore};
     routine.run([&] {
         fields_.clear();
