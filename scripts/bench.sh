@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
 # Measures what the contact pass costs beside a hand-written loop, how the calendar pass grows, how fast rich text and settings
-# files are read, and prints a table of each (docs/performance.md says how to read them).
+# files are read and templates merged, and prints a table of each (docs/performance.md says how to read them).
 #   scripts/bench.sh                      1,000, 10,000 and 100,000 records, five rounds, and the rest: some minutes
 #   scripts/bench.sh --calendar           only the calendar pass: a minute
 #   scripts/bench.sh --richtext           only rich text: half a minute
 #   scripts/bench.sh --settings           only the settings file: half a minute
+#   scripts/bench.sh --merge              only the merge of templates: half a minute
 #   scripts/bench.sh --guard              only whether a record costs the same among 8,000 as among 1,000: seconds
 #   scripts/bench.sh --verify             only whether both sides leave the same items and links
 #   scripts/bench.sh --sizes 1000,20000 --rounds 3 [--folder FOLDER]
@@ -12,11 +13,15 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-programs=(wmoutlook_bench richtext_bench settings_bench)
+programs=(wmoutlook_bench richtext_bench settings_bench merge_bench)
 case " $* " in
     " --richtext ") programs=(richtext_bench) ;;
     " --settings ") programs=(settings_bench) ;;
-    *" --richtext "* | *" --settings "*) echo "bench.sh: --richtext and --settings stand alone" >&2; exit 2 ;;
+    " --merge ") programs=(merge_bench) ;;
+    *" --richtext "* | *" --settings "* | *" --merge "*)
+        echo "bench.sh: --richtext, --settings and --merge stand alone" >&2
+        exit 2
+        ;;
     *" --guard "* | *" --verify "* | *" --calendar "*) programs=(wmoutlook_bench) ;;
 esac
 

@@ -9,7 +9,7 @@ packages_of() {
         program) echo "$program" ;;
         tests) echo "$program libgtest-dev" ;;
         demo) echo "$program jq" ;;
-        bench) echo "$program strace unrtf libsimpleini-dev libglib2.0-dev" ;;
+        bench) echo "$program strace unrtf libsimpleini-dev libglib2.0-dev libctemplate-dev" ;;
         clang) echo "$program libgtest-dev clang" ;;
         fuzz) echo "$program libgtest-dev clang libclang-rt-14-dev llvm" ;;  # llvm: readable stacks
         lint) echo "git clang-format clang-tidy shellcheck" ;;

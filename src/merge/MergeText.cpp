@@ -54,15 +54,17 @@ bool canMakeMarks(std::string_view value, const Marks& marks) {
 }
 
 /// The ranks that occur, each once, with their first occurrence, in the order of ranks.
-std::vector<const Occurrence*> firstOfEachRank(const std::vector<Occurrence>& all) {
+std::vector<const Occurrence*> firstOfEachRank(const std::vector<Occurrence>& all, std::int32_t ranks) {
     std::vector<const Occurrence*> firsts;
-    firsts.reserve(all.size());
-    for (const Occurrence& occurrence : all) firsts.push_back(&occurrence);
-    std::sort(firsts.begin(), firsts.end(), [](const Occurrence* left, const Occurrence* right) {
-        return left->rank != right->rank ? left->rank < right->rank : left->begin < right->begin;
-    });
-    const auto isSameRank = [](const Occurrence* left, const Occurrence* right) { return left->rank == right->rank; };
-    firsts.erase(std::unique(firsts.begin(), firsts.end(), isSameRank), firsts.end());
+    std::vector<bool> isKnown(static_cast<std::size_t>(ranks));
+    for (const Occurrence& occurrence : all) {
+        const auto rank = static_cast<std::size_t>(occurrence.rank);
+        if (isKnown[rank]) continue;
+        isKnown[rank] = true;
+        firsts.push_back(&occurrence);
+    }
+    std::sort(firsts.begin(), firsts.end(),
+              [](const Occurrence* left, const Occurrence* right) { return left->rank < right->rank; });
     return firsts;
 }
 
@@ -89,12 +91,12 @@ private:
 /// Puts in all values at once.
 class OneReading {
 public:
-    OneReading(std::string_view text, std::vector<Occurrence> all, Values& values)
-        : text_(text), all_(std::move(all)), values_(values) {}
+    OneReading(std::string_view text, std::vector<Occurrence> all, std::int32_t ranks, Values& values)
+        : text_(text), all_(std::move(all)), ranks_(ranks), values_(values) {}
 
     /// Nothing when one by one comes to something else.
     std::optional<std::string> result(const Marks& marks) {
-        const auto firsts = firstOfEachRank(all_);
+        const auto firsts = firstOfEachRank(all_, ranks_);
         values_.reserve(firsts.size());
         for (const Occurrence* first : firsts) {
             const std::string& value = values_.of(first->rank);
@@ -142,6 +144,7 @@ private:
 
     std::string_view text_;
     std::vector<Occurrence> all_;
+    std::int32_t ranks_;
     Values& values_;
     std::vector<Replacement> replacements_;
 };
@@ -186,7 +189,8 @@ std::string expandPlaceholders(std::string text, const Marks& marks, const Place
     Occurrences occurrences = findOccurrences(text, marks, placeholders, 0);
     if (!occurrences.areApart || !placeholders.withMarks().empty()) return oneByOne(std::move(text), marks, placeholders, values);
     if (occurrences.all.empty()) return text;
-    if (auto result = OneReading{text, std::move(occurrences.all), values}.result(marks)) return *std::move(result);
+    if (auto result = OneReading{text, std::move(occurrences.all), placeholders.ranks(), values}.result(marks))
+        return *std::move(result);
     return oneByOne(std::move(text), marks, placeholders, values);
 }
 

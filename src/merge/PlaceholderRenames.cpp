@@ -1,5 +1,6 @@
 #include "merge/PlaceholderRenames.h"
 
+#include "merge/BareWords.h"
 #include "merge/MarkScan.h"
 #include "merge/RenameTables.h"
 #include "platform/Text.h"
@@ -20,6 +21,13 @@ const ProvinceNames& namesOf(std::int32_t province) {
 
 bool isWithinMarks(std::string_view text, const Marks& marks) {
     return text.starts_with(marks.open) && text.ends_with(marks.close);
+}
+
+/// By its length and its ends; the same for names that differ in case alone.
+std::size_t shapeOf(std::string_view name) {
+    if (name.empty()) return 0;
+    const auto end = [](char c) { return static_cast<std::size_t>(static_cast<unsigned char>(c) & 0x1FU); };
+    return (name.size() * 37 + end(name.front()) * 5 + end(name.back())) % 256;
 }
 
 void takeLower(std::optional<std::size_t>& first, std::size_t rule) {
@@ -71,9 +79,11 @@ void PlaceholderRenames::index(std::size_t rule) {
         const Marks& marks = kAllMarks[kind];
         if (!from.starts_with(marks.open)) continue;
         const std::size_t start = marks.open.size();
-        if (isWithinMarks(from, marks))
-            names_[kind][lowerCase(from.substr(start, from.size() - start - marks.close.size()))].push_back(rule);
-        else
+        if (isWithinMarks(from, marks)) {
+            const std::string_view name = from.substr(start, from.size() - start - marks.close.size());
+            names_[kind][lowerCase(name)].push_back(rule);
+            shapes_.set(shapeOf(name));
+        } else
             beginnings_[kind].push_back(rule);
         return;
     }
@@ -86,13 +96,15 @@ void PlaceholderRenames::lookBetween(const Marks& marks, std::string_view text, 
     const auto kind = static_cast<std::size_t>(&marks - kAllMarks.data());
     MarkScan scan{text, marks, MarkScan::Case::either};
     for (FoundMark mark = scan.next(), open; mark.kind != MarkKind::none; open = std::exchange(mark, scan.next())) {
-        if (mark.kind == MarkKind::open)
+        const bool isBeginning = mark.kind == MarkKind::open && text.substr(mark.position + marks.open.size()).starts_with('(');
+        if (isBeginning)
             for (const std::size_t rule : beginnings_[kind])
-                if (rule >= from && findTextually(text.substr(mark.position, rules_[rule].from.size()), rules_[rule].from))
-                    takeLower(first, rule);
+                if (rule >= from && startsTextually(text.substr(mark.position), rules_[rule].from)) takeLower(first, rule);
         if (mark.kind != MarkKind::close || open.kind != MarkKind::open) continue;
         const std::size_t start = open.position + marks.open.size();
-        const auto rules = names_[kind].find(lowerCase(text.substr(start, mark.position - start)));
+        const std::string_view name = text.substr(start, mark.position - start);
+        if (!shapes_.test(shapeOf(name))) continue;
+        const auto rules = names_[kind].find(FoldedName{name}.text());
         if (rules == names_[kind].end()) continue;
         const auto rule = std::lower_bound(rules->second.begin(), rules->second.end(), from);
         if (rule != rules->second.end()) takeLower(first, *rule);
@@ -102,9 +114,17 @@ void PlaceholderRenames::lookBetween(const Marks& marks, std::string_view text, 
 std::optional<std::size_t> PlaceholderRenames::firstPresent(std::string_view text, std::size_t from) const {
     std::optional<std::size_t> first;
     for (const Marks& marks : kAllMarks) lookBetween(marks, text, from, first);
-    for (const std::size_t rule : bareWords_)
-        if (rule >= from && (!first || rule < *first) && findTextually(text, rules_[rule].from)) return rule;
+    lookForBareWords(text, from, first);
     return first;
+}
+
+void PlaceholderRenames::lookForBareWords(std::string_view text, std::size_t from, std::optional<std::size_t>& first) const {
+    eachPlaceOfBareWord(text, [&](std::size_t place) {
+        for (const std::size_t rule : bareWords_) {
+            const std::string_view word = rules_[rule].from;
+            if (rule >= from && (!first || rule < *first) && startsTextually(text.substr(place), word)) first = rule;
+        }
+    });
 }
 
 std::string PlaceholderRenames::apply(std::string text) const {

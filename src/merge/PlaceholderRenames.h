@@ -1,8 +1,11 @@
 #pragma once
 
+#include "merge/FoldedName.h"
 #include "merge/Marks.h"
 #include "platform/Date.h"
 
+#include <array>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -41,7 +44,7 @@ private:
         std::string to;
     };
     /// The rules for whole placeholders between marks of one kind, by the name in lower case.
-    using RulesOfNames = std::unordered_map<std::string, std::vector<std::size_t>>;
+    using RulesOfNames = std::unordered_map<std::string, std::vector<std::size_t>, HashOfName, std::equal_to<>>;
 
     void add(std::string from, std::string to);
     void addNames(std::string_view from, std::string_view to, const Marks& marks);
@@ -49,6 +52,7 @@ private:
     void index(std::size_t rule);
     /// The first rule, not in front of `from`, whose text is there.
     [[nodiscard]] std::optional<std::size_t> firstPresent(std::string_view text, std::size_t from) const;
+    void lookForBareWords(std::string_view text, std::size_t from, std::optional<std::size_t>& first) const;
     void lookBetween(const Marks& marks, std::string_view text, std::size_t from, std::optional<std::size_t>& first) const;
 
     RenameLocale locale_;
@@ -56,6 +60,7 @@ private:
     std::vector<std::size_t> bareWords_;
     std::array<std::vector<std::size_t>, kAllMarks.size()> beginnings_;  ///< rules for all that begins so behind an opening mark
     std::array<RulesOfNames, kAllMarks.size()> names_;
+    std::bitset<256> shapes_;  ///< of all names in names_, so that most others need no look into it
 };
 
 }  // namespace wmoutlook::merge

@@ -1,47 +1,14 @@
 #include "merge/Placeholders.h"
 
+#include "merge/FoldedName.h"
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 namespace wmoutlook::merge {
 
 namespace {
-
-constexpr std::size_t kUsualLength = 64;
-
-/// The text in lower case, without an allocation for a usual name.
-class Folded {
-public:
-    explicit Folded(std::string_view text) {
-        if (text.size() <= kUsualLength && copyAscii(text)) {
-            view_ = {usual_.data(), text.size()};
-            return;
-        }
-        other_ = lowerCase(text);
-        view_ = other_;
-    }
-    Folded(const Folded&) = delete;
-    Folded& operator=(const Folded&) = delete;
-    [[nodiscard]] std::string_view text() const { return view_; }
-
-private:
-    bool copyAscii(std::string_view text) {
-        unsigned char all = 0;
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            const char c = text[i];
-            all |= static_cast<unsigned char>(c);
-            usual_[i] = c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-        }
-        return all < 0x80;
-    }
-
-    std::array<char, kUsualLength> usual_;
-    std::string other_;
-    std::string_view view_;
-};
 
 bool holdsMark(std::string_view name) {
     return name.find('\\') != std::string_view::npos || std::any_of(kAllMarks.begin(), kAllMarks.end(), [&](const Marks& marks) {
@@ -79,7 +46,7 @@ void Placeholders::add(std::string_view name, bool isDate) {
 }
 
 std::int32_t Placeholders::findRow(std::string_view name, bool isDate, std::int32_t fromRow) const {
-    const Folded folded{name};
+    const FoldedName folded{name};
     const auto known = firstOfName_.find(folded.text());
     if (known == firstOfName_.end()) return PlaceholderRank::kNone;
     for (std::int32_t row = known->second;;) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "merge/DateFormats.h"
+#include "merge/FoldedName.h"
 #include "merge/Marks.h"
 
 #include <cstdint>
@@ -35,14 +36,11 @@ public:
     [[nodiscard]] std::int32_t find(std::string_view between, std::int32_t from = 0) const;
     /// What stands between the marks of a placeholder.
     [[nodiscard]] std::string textOf(std::int32_t rank) const;
+    [[nodiscard]] std::int32_t ranks() const { return PlaceholderRank::of(static_cast<std::int32_t>(rows_.size()), 0); }
     /// Ranks of names that hold a mark or a backslash, as a label of the user's own may: those that a search from mark to mark misses.
     [[nodiscard]] const std::vector<std::int32_t>& withMarks() const { return withMarks_; }
 
 private:
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-    };
     struct Row {
         std::string name;
         bool isDate = false;
@@ -53,8 +51,8 @@ private:
     [[nodiscard]] std::int32_t findRow(std::string_view name, bool isDate, std::int32_t fromRow) const;
     [[nodiscard]] std::int32_t findDate(std::string_view between, std::int32_t from) const;
 
-    std::vector<Row> rows_;                                                             ///< the first one is the current date
-    std::unordered_map<std::string, std::int32_t, Hash, std::equal_to<>> firstOfName_;  ///< by the name in lower case
+    std::vector<Row> rows_;  ///< the first one is the current date
+    std::unordered_map<std::string, std::int32_t, HashOfName, std::equal_to<>> firstOfName_;  ///< by the name in lower case
     std::vector<std::int32_t> withMarks_;
 };
 

@@ -82,6 +82,7 @@ bool endsInsideOfAnyMark(std::string_view text) {
 }
 
 bool removeRemnants(std::string& text, const Marks& marks) {
+    if (text.find(marks.open) == std::string::npos) return false;
     bool isAnyRemoved = false;
     if (auto result = withoutRemnants(text, marks, isAnyRemoved)) {
         if (isAnyRemoved) text = *std::move(result);

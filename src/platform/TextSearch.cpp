@@ -79,6 +79,10 @@ std::optional<TextMatch> findTextually(std::string_view text, std::string_view w
     return find(text, what, FirstBytes{what}, from);
 }
 
+bool startsTextually(std::string_view text, std::string_view what) {
+    return !what.empty() && matchAtFront(text, what) != kNoMatch;
+}
+
 std::string replaceTextually(std::string_view text, std::string_view what, std::string_view by) {
     if (what.empty()) return std::string{text};
     const FirstBytes first{what};

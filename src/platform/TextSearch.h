@@ -17,6 +17,7 @@ struct TextMatch {
 
 /// The first match at or behind `from`.
 [[nodiscard]] std::optional<TextMatch> findTextually(std::string_view text, std::string_view what, std::size_t from = 0);
+[[nodiscard]] bool startsTextually(std::string_view text, std::string_view what);
 /// Replaces every match from left to right; what is put in is not searched.
 [[nodiscard]] std::string replaceTextually(std::string_view text, std::string_view what, std::string_view by);
 
