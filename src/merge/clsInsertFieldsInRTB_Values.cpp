@@ -2,17 +2,14 @@
 
 #include "hostdata/HostServices.h"
 #include "hostdata/modDatabaseFunctions.h"
+#include "merge/DerivedFields.h"
 #include "merge/FieldTexts.h"
 #include "platform/DateHelper.h"
-#include "platform/Errors.h"
 #include "platform/Routine.h"
 #include "platform/Text.h"
-#include "platform/TextSearch.h"
 #include "platform/ValueHelper.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace wmoutlook {
 
@@ -25,42 +22,10 @@ namespace fieldColumn = merge::fieldColumn;
 
 namespace {
 
-constexpr std::string_view kAbbreviated = "Abbreviated";
-
-/// A field of a contact that can come from its company, which has a name of its own for it.
-struct InheritedField {
-    std::string_view field;
-    std::string_view ofCompany;
-    bool isOwnFirst;  ///< the contact's own value, and the company's when that is blank; otherwise the other way round
-};
-
-constexpr InheritedField kInheritedFields[] = {
-    {"BusinessPhone_Main", "OfficeNumber", true}, {"BusinessPhone_Fax", "FaxNumber", true},
-    {"BusinessAddress", "Address", false},        {"BusinessCity", "City", false},
-    {"BusinessProvince", "Province", false},      {"BusinessPostalCode", "PostalCode", false},
-    {"BusinessCountry", "Country", false},
-};
-
-/// "Province" for "AbbreviatedProvince"; nothing for a field that is not abbreviated.
-std::optional<std::string> unabbreviated(std::string_view field, std::initializer_list<std::string_view> places) {
-    const bool isOne = std::any_of(places.begin(), places.end(), [&](std::string_view place) {
-        return equalsTextually(field, std::string{place}.append("AbbreviatedProvince"));
-    });
-    if (!isOne) return std::nullopt;
-    return replaceTextually(field, kAbbreviated, "");
-}
-
-std::int32_t as16Bit(const Variant& value) {
-    using Limits = std::numeric_limits<std::int16_t>;
-    const std::int32_t number = value.toInteger();
-    if (number < Limits::min() || number > Limits::max()) throw ConversionError{"The number has more than 16 bits"};
-    return number;
-}
-
 /// The number of a column for one of the tables of texts; -1, which none of them has, for a blank.
 std::int32_t numberForText(const Variant& value) {
     if (isNullOrEmpty(value)) return kNoRecord;
-    return statement([&] { return as16Bit(value); }, kNoRecord);
+    return statement([&] { return merge::as16Bit(value); }, kNoRecord);
 }
 
 /// Hours as the host keeps them, in minutes; in single precision, as they were always shown.
@@ -123,7 +88,7 @@ Variant clsInsertFieldsInRTB::getDataFieldFromRecordset(const Field& field) {
         switch (field.source) {
             case SourceKind::contact: value = contactValue(name); return;
             case SourceKind::company:
-                if (const auto province = unabbreviated(name, {"", "Alt"}))
+                if (const auto province = merge::unabbreviated(field.source, name))
                     value = merge::getAbbreviatedProvince(column(*province).toText());
                 else if (equalsTextually(name, "CompanyType"))
                     value = merge::getCompanyTypeStringFromCompanyTypeNum(numberForText(column(name)), isUnitedStates());
@@ -155,7 +120,7 @@ Variant clsInsertFieldsInRTB::contactValue(const std::string& name) {
     if (auto inherited = inheritedValue(name)) return *std::move(inherited);
     if (equalsTextually(name, "ContactAndSpouseName")) return getContactAndSpouseName(contactID, false);
     const Recordset& contact = *records_.of(SourceKind::contact);
-    if (const auto province = unabbreviated(name, {"", "Business", "Home", "Spouse", "Alt"}))
+    if (const auto province = merge::unabbreviated(SourceKind::contact, name))
         return merge::getAbbreviatedProvince(contact.text(*province));
     return contact.field(name);
 }
@@ -164,9 +129,8 @@ Variant clsInsertFieldsInRTB::contactValue(const std::string& name) {
 std::optional<Variant> clsInsertFieldsInRTB::inheritedValue(const std::string& name) {
     const Recordset& contact = *records_.of(SourceKind::contact);
     if (companyID < 0 || !contact.truth("InheritCompanyInfo")) return std::nullopt;
-    const auto* const row = std::find_if(std::begin(kInheritedFields), std::end(kInheritedFields),
-                                         [&](const InheritedField& field) { return equalsTextually(field.field, name); });
-    if (row == std::end(kInheritedFields)) return std::nullopt;
+    const merge::InheritedField* const row = merge::inheritedField(name);
+    if (row == nullptr) return std::nullopt;
     records_.openIfClosed(SourceKind::company, companyID, merge::MergeRecords::Extent::oneRecord, lock());
     if (!records_.locate(SourceKind::company, companyID)) return std::nullopt;
     const Recordset& company = *records_.of(SourceKind::company);

@@ -1,14 +1,11 @@
 #include "merge/clsInsertFieldsInRTB.h"
 
 #include "hostdata/HostServices.h"
-#include "platform/Errors.h"
+#include "merge/DerivedFields.h"
+#include "merge/FieldTexts.h"
 #include "platform/Routine.h"
 #include "platform/Text.h"
-#include "platform/TextSearch.h"
 #include "platform/ValueHelper.h"
-
-#include <algorithm>
-#include <limits>
 
 namespace wmoutlook {
 
@@ -17,38 +14,6 @@ using merge::Field;
 using merge::SourceKind;
 
 namespace {
-
-struct CompanyField {
-    std::string_view ofContact, ofCompany;
-};
-
-/// What a contact that inherits from its company writes to the company first.
-constexpr CompanyField kSharedFields[] = {
-    {"BusinessPhone_Main", "OfficeNumber"}, {"BusinessPhone_Fax", "FaxNumber"},
-    {"BusinessAddress", "Address"},         {"BusinessCity", "City"},
-    {"BusinessProvince", "Province"},       {"BusinessPostalCode", "PostalCode"},
-    {"BusinessCountry", "Country"},
-};
-
-constexpr std::string_view kNumbersOfClient[] = {"RC59Permission",      "RC59Status",      "GSTFilingMethod",
-                                                 "FinancialStatements", "CorporationType", "CorporationLevel"};
-
-template <std::size_t count>
-bool isOneOf(std::string_view name, const std::string_view (&names)[count]) {
-    return std::any_of(std::begin(names), std::end(names), [&](std::string_view known) { return equalsTextually(known, name); });
-}
-
-constexpr std::string_view kAbbreviatedOfContact[] = {"AbbreviatedProvince", "BusinessAbbreviatedProvince",
-                                                      "HomeAbbreviatedProvince", "SpouseAbbreviatedProvince",
-                                                      "AltAbbreviatedProvince"};
-constexpr std::string_view kAbbreviatedOfCompany[] = {"AbbreviatedProvince", "AltAbbreviatedProvince"};
-
-std::string as16BitText(const Variant& value) {
-    using Limits = std::numeric_limits<std::int16_t>;
-    const std::int32_t number = value.toInteger();
-    if (number < Limits::min() || number > Limits::max()) throw ConversionError{"The number has more than 16 bits"};
-    return toText(number);
-}
 
 /// The text in which a value of this type is stored. Nothing for a date before 1900, which is not written.
 std::optional<std::string> storedText(DataType type, const Variant& value) {
@@ -69,20 +34,16 @@ std::optional<std::string> storedText(DataType type, const Variant& value) {
 /// The column that a field is written to, which for a short form is the one that it is made from. Nothing for a field that is put
 /// together from several.
 std::optional<std::string> columnOf(const Field& field) {
-    const std::string& name = field.databaseField;
-    const auto wholeForm = [&] { return replaceTextually(name, "Abbreviated", ""); };
-    if (field.source == SourceKind::contact) {
-        if (equalsTextually(name, "ContactAndSpouseName")) return std::nullopt;
-        if (isOneOf(name, kAbbreviatedOfContact)) return wholeForm();
-    }
-    if (field.source == SourceKind::company && isOneOf(name, kAbbreviatedOfCompany)) return wholeForm();
-    return name;
+    const bool isCouple = equalsTextually(field.databaseField, "ContactAndSpouseName");
+    if (field.source == SourceKind::contact && isCouple) return std::nullopt;
+    auto whole = merge::unabbreviated(field.source, field.databaseField);
+    return whole ? whole : field.databaseField;
 }
 
 /// Numbers that are shown as texts. The column of the company's type is misspelled in this rule, so that it is written as a text.
 bool isSmallNumber(const Field& field) {
     if (field.source == SourceKind::company) return upperCase(field.databaseField) == "COMPANTYPE";
-    return field.source == SourceKind::client && isOneOf(field.databaseField, kNumbersOfClient);
+    return field.source == SourceKind::client && merge::textOfClientColumn(field.databaseField) != nullptr;
 }
 
 }  // namespace
@@ -90,10 +51,8 @@ bool isSmallNumber(const Field& field) {
 void clsInsertFieldsInRTB::writeToCompany(const Field& field, const Variant& value) {
     const Recordset* const contact = records_.of(SourceKind::contact);
     if (field.source != SourceKind::contact || contact == nullptr || companyID < 0) return;
-    const auto* const row = std::find_if(std::begin(kSharedFields), std::end(kSharedFields), [&](const CompanyField& shared) {
-        return equalsTextually(shared.ofContact, field.databaseField);
-    });
-    if (row == std::end(kSharedFields) || !contact->truth("InheritCompanyInfo")) return;
+    const merge::InheritedField* const row = merge::inheritedField(field.databaseField);
+    if (row == nullptr || !contact->truth("InheritCompanyInfo")) return;
     if (records_.locate(SourceKind::company, companyID)) records_.of(SourceKind::company)->update(row->ofCompany, value.toText());
 }
 
@@ -111,7 +70,7 @@ void clsInsertFieldsInRTB::writeDataToField(std::string_view dbFieldName, const 
         const Recordset* const records = records_.of(field.source);
         if (!column || records == nullptr) return;
         const auto text = statement([&]() -> std::optional<std::string> {
-            return isSmallNumber(field) ? as16BitText(value) : storedText(field.type, value);
+            return isSmallNumber(field) ? toText(merge::as16Bit(value)) : storedText(field.type, value);
         });
         if (!text) return;
         writeToCompany(field, value);
