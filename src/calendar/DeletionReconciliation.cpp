@@ -39,7 +39,7 @@ void deleteInHost(const CalendarTable& table, std::int32_t hostID) {
 /// The AppointmentNum of a link that is to be followed. Nothing for the link of a contact, which has neither number, in a run of
 /// appointments for that of a task too, and for one that could not be read.
 std::optional<std::string> numberToFollow(const CalendarTable& table, const Recordset& link) {
-    const auto appointmentNum = link.textIfRead(kAppointmentsTable.linkField);
+    auto appointmentNum = link.textIfRead(kAppointmentsTable.linkField);
     if (!appointmentNum || !isNullOrEmpty(*appointmentNum)) return appointmentNum;
     if (!isTasks(table)) return std::nullopt;
     const auto taskNum = link.textIfRead(kTasksTable.linkField);

@@ -85,7 +85,7 @@ public:
     [[nodiscard]] std::string convertProvinceFields(std::string text);
     [[nodiscard]] std::string convertFieldName(std::string_view text);
     [[nodiscard]] std::string convertToRTF(std::string value) const;
-    [[nodiscard]] std::string getTodaysDate(std::string_view format);
+    [[nodiscard]] std::string getTodaysDate(std::string_view format) const;
     bool replaceUnfoundMergeFieldsWithBlanks(std::string& text);  ///< always False
     /// Gives the text back as it is: what was cleaned is dropped. Nobody relies on it.
     [[nodiscard]] std::string removeBlankLinesFromRTFText(std::string text);
@@ -125,7 +125,8 @@ private:
     void createTaskInfoFieldListStructure(merge::FieldListBuilder& builder);
     void createDocketInfoFieldListStructure(merge::FieldListBuilder& builder);
     void createCompanyInfoFieldListStructure(merge::FieldListBuilder& builder);
-    bool insertIntoBox(std::string_view text);
+    bool insertIntoBox(std::string_view text) const;
+    [[nodiscard]] std::string faultOfName(std::string_view name, bool skipFieldNameCheck);
 
     [[nodiscard]] std::string valueOf(std::int32_t rank);
     [[nodiscard]] std::string expandAll(std::string text);

@@ -163,7 +163,7 @@ std::string clsInsertFieldsInRTB::parseListItem(std::int32_t listIndex, bool wit
 }
 
 /// At the place of the cursor; where that is unknown, at 1.
-bool clsInsertFieldsInRTB::insertIntoBox(std::string_view text) {
+bool clsInsertFieldsInRTB::insertIntoBox(std::string_view text) const {
     constexpr std::int32_t kUnknownPlace = 1;
     const auto box = RTB;
     if (!box || text.empty()) return false;

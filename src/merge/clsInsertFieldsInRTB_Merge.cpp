@@ -94,7 +94,7 @@ std::string clsInsertFieldsInRTB::convertToRTF(std::string value) const {
     return replaceAll(std::move(value), "\r\n", useWordWrap_ ? "\\par \r\n" : ", \r\n");
 }
 
-std::string clsInsertFieldsInRTB::getTodaysDate(std::string_view format) {
+std::string clsInsertFieldsInRTB::getTodaysDate(std::string_view format) const {
     std::string text;
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-getTodaysDate"};
     routine.run([&] {

@@ -56,6 +56,23 @@ std::pair<std::string_view, std::string_view> dateParts(std::string_view express
     return {trimmed(expression.substr(0, comma)), trimmed(expression.substr(comma + 1))};
 }
 
+/// A placeholder's name, and what is wrong with the rest of its expression; nothing when it is right.
+struct Reading {
+    std::string_view name;
+    std::string fault{};
+};
+
+Reading readExpression(std::string_view between) {
+    const bool isOpened = between.starts_with('(');
+    const bool isClosed = between.ends_with(')');
+    if (isOpened && !isClosed) return {between, std::string{kMissingClosingRound}};
+    if (!isOpened && isClosed) return {between, std::string{kMissingOpeningRound}};
+    if (!isOpened) return {between};
+    const auto [name, format] = dateParts(between);
+    if (isDateFormat(format)) return {name};
+    return {name, "The date format of: '" + std::string{format} + "' is not valid.  Please see help for valid date formats."};
+}
+
 }  // namespace
 
 bool clsInsertFieldsInRTB::testStr(std::string_view name) {
@@ -68,25 +85,17 @@ bool clsInsertFieldsInRTB::testStr(std::string_view name) {
     return isKnown;
 }
 
+std::string clsInsertFieldsInRTB::faultOfName(std::string_view name, bool skipFieldNameCheck) {
+    if (characterCount(name) > kLongestName) return std::string{kMissingClosing};
+    if (skipFieldNameCheck || testStr(name)) return {};
+    return "The " + applicationTitle() + " Pad did not recognize: «" + std::string{name} + "» as a valid placeholder field name.";
+}
+
 bool clsInsertFieldsInRTB::testRTBComment(std::string text, bool treatAsRtf, bool showMessages, bool skipFieldNameCheck) {
     bool hasError = false;
     const auto fail = [&](std::string_view message) {
         hasError = true;
         if (showMessages) MergeCommentError.raise(std::string{message});
-    };
-    /// The name that an expression holds; its round brackets and format are looked at here.
-    const auto nameIn = [&](std::string_view between) {
-        const bool isOpened = between.starts_with('(');
-        const bool isClosed = between.ends_with(')');
-        if (isOpened && !isClosed) fail(kMissingClosingRound);
-        if (!isOpened && isClosed) fail(kMissingOpeningRound);
-        if (!isOpened || !isClosed || between.size() < 2) return between;
-        hasError = true;  // as long as the expression has not been read
-        const auto [name, format] = dateParts(between);
-        hasError = false;
-        if (!isDateFormat(format))
-            fail("The date format of: '" + std::string{format} + "' is not valid.  Please see help for valid date formats.");
-        return name;
     };
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-testRTBComment"};
     routine.run([&] {
@@ -96,11 +105,11 @@ bool clsInsertFieldsInRTB::testRTBComment(std::string text, bool treatAsRtf, boo
         Look look = nextExpression(text, marks, expression);
         if (look == Look::unbalanced) fail(kMissingOpening);
         while (look == Look::found && !hasError) {
-            const std::string_view name = nameIn(expression.between);
-            if (!hasError && characterCount(name) > kLongestName) fail(kMissingClosing);
-            if (!hasError && !skipFieldNameCheck && !testStr(name))
-                fail("The " + applicationTitle() + " Pad did not recognize: «" + std::string{name} +
-                     "» as a valid placeholder field name.");
+            hasError = true;  // as long as the expression has not been read
+            Reading reading = readExpression(expression.between);
+            hasError = false;
+            if (reading.fault.empty()) reading.fault = faultOfName(reading.name, skipFieldNameCheck);
+            if (!reading.fault.empty()) fail(reading.fault);
             look = nextExpression(expression.rest, marks, expression);
             if (look == Look::unbalanced) fail(kMissingOpening);
         }

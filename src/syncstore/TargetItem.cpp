@@ -29,7 +29,7 @@ bool isOfType(const outlook::Item& item, outlook::ItemType type) {
 outlook::Item itemToWrite(const SyncRun& run, outlook::ItemType type, std::string_view entryID, std::string_view storeID) {
     const OutlookSession& session = run.outlook;
     if (!isNullOrEmpty(entryID)) {
-        const outlook::Item linked = session.nameSpace.findItemFromID(entryID, storeID);
+        outlook::Item linked = session.nameSpace.findItemFromID(entryID, storeID);
         if (isOfType(linked, type)) return linked;
     }
     const std::string folderID = run.options.outlookImportFolderEntryID;  // the host may put another one while a call is retried

@@ -115,6 +115,8 @@ TEST_F(ProfileFile, NothingCanBeginALineOfItsOwn) {
              Case{"S", ";k", "v"},
              Case{"S", " [k", "v"},
              Case{"S", " ", "v"},
+             Case{"S", "\x1A\t", "v"},
+             Case{"S", "\x1A;k", "v"},
              Case{"S]\r\n[T", "k", "v"},
              Case{"S]x", "k", "v"},
              Case{"", "k", "v"},

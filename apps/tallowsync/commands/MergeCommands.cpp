@@ -78,7 +78,8 @@ Json fieldsToJson(FieldList list) {
 struct FieldsOptions {
     FirmHost::Options host;
     std::optional<std::string> now;
-    std::int32_t listType = 0, use = clsInsertFieldsInRTB::kOrdinaryMerge;
+    std::int32_t listType = 0;
+    std::int32_t use = clsInsertFieldsInRTB::kOrdinaryMerge;
     bool asJson = false;
 };
 
@@ -234,7 +235,7 @@ std::vector<std::string> faultsOf(const CheckOptions& options, const std::string
 /// A name that any list has is known; without one, what the list of a company and its contact says is told.
 std::vector<std::string> checkTemplate(const CheckOptions& options, const std::string& text) {
     if (options.listType) return faultsOf(options, text, *options.listType);
-    const auto faults = faultsOf(options, text, clsInsertFieldsInRTB::kCompanyAndContact);
+    auto faults = faultsOf(options, text, clsInsertFieldsInRTB::kCompanyAndContact);
     for (const std::int32_t listType :
          {clsInsertFieldsInRTB::kAppointment, clsInsertFieldsInRTB::kTask, clsInsertFieldsInRTB::kTimeEntry})
         if (faults.empty() || faultsOf(options, text, listType).empty()) return {};
@@ -267,7 +268,9 @@ Action declareCheckTemplate(CLI::App& line) {
 struct DisplayOptions {
     FirmHost::Options host;
     std::optional<std::string> now;
-    std::int32_t kind = 0, id = 0, user = 0;
+    std::int32_t kind = 0;
+    std::int32_t id = 0;
+    std::int32_t user = 0;
     bool asJson = false;
 };
 

@@ -28,8 +28,15 @@ void requireOneLine(const char* what, std::string_view text, std::size_t most) {
         refuse(std::string{what} + " of a settings file has at most " + std::to_string(most) + " characters");
 }
 
+/// Without what is no part of a name in a file: see kBlanks of ProfileText.cpp.
+std::string_view nameInFile(std::string_view name) {
+    constexpr std::string_view kBlanks = " \t\v\f\r\n\x1A";
+    const std::size_t first = std::min(name.find_first_not_of(kBlanks), name.size());
+    return name.substr(first, name.find_last_not_of(kBlanks) + 1 - first);
+}
+
 void requireName(const char* what, std::string_view name) {
-    if (withoutWhiteSpaceAround(name).empty()) refuse(std::string{what} + " of a settings file cannot be empty");
+    if (nameInFile(name).empty()) refuse(std::string{what} + " of a settings file cannot be empty");
 }
 
 void requireNewSection(std::string_view section) {
@@ -39,7 +46,7 @@ void requireNewSection(std::string_view section) {
 
 void requireNewKey(std::string_view key) {
     requireOneLine("A key", key, kLongestName);
-    const char first = withoutWhiteSpaceAround(key).front();
+    const char first = nameInFile(key).front();
     if (key.find('=') != std::string_view::npos || first == '[' || first == ';')
         refuse("A key of a settings file cannot hold \"=\" or begin with \"[\" or \";\"");
 }

@@ -13,7 +13,7 @@
 
 namespace wmoutlook::outlookstore {
 
-inline constexpr std::int64_t kLargestAttachment = 150 * 1024 * 1024;  ///< in bytes
+inline constexpr std::int64_t kLargestAttachment = std::int64_t{150} * 1024 * 1024;  ///< in bytes
 
 /// The recipients and attachments of a mail in memory, shared with the objects that were handed out. To, CC and BCC of its data
 /// follow the recipients.
