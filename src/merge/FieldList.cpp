@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <array>
 
 namespace wmoutlook::merge {
@@ -33,13 +34,13 @@ std::string_view nameOf(SourceKind kind) {
 
 void FieldList::clear() {
     fields_.clear();
-    placeholders_.reset();
     current_ = 0;
 }
 
-void FieldList::addField(Field field) {
-    fields_.push_back(std::move(field));
-    placeholders_.reset();
+const Field& FieldList::addField(Field field) {
+    constexpr std::size_t kUsualRows = 256;
+    if (fields_.empty()) fields_.reserve(kUsualRows);
+    return fields_.emplace_back(std::move(field));
 }
 
 bool FieldList::moveTo(std::int32_t index) {
@@ -70,12 +71,18 @@ const Field* FieldList::current() const {
     return current_ >= 1 && current_ <= count() ? &fields_[static_cast<std::size_t>(current_) - 1] : nullptr;
 }
 
-const Placeholders& FieldList::placeholders() const {
-    if (!placeholders_) {
-        placeholders_.emplace();
-        for (const Field& field : fields_) placeholders_->add(field.displayName, field.type == DataType::date);
-    }
-    return *placeholders_;
+Placeholders FieldList::placeholders() const {
+    Placeholders placeholders;
+    for (const Field& field : fields_) placeholders.add(field.displayName, field.type == DataType::date);
+    return placeholders;
+}
+
+bool FieldList::has(const Placeholders& placeholders) const {
+    if (placeholders.rows() != count()) return false;
+    std::int32_t row = 0;
+    return std::all_of(fields_.begin(), fields_.end(), [&](const Field& field) {
+        return placeholders.isRow(++row, field.displayName, field.type == DataType::date);
+    });
 }
 
 }  // namespace wmoutlook::merge

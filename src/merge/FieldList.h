@@ -4,7 +4,6 @@
 #include "platform/Variant.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,7 +46,7 @@ public:
 
     void clear();
     [[nodiscard]] std::int32_t count() const { return static_cast<std::int32_t>(fields_.size()); }
-    void addField(Field field);
+    const Field& addField(Field field);
     bool moveTo(std::int32_t index);  ///< false, and the current row stays, when there is no such row
 
     /// The first row whose column has this value, compared textually, becomes current. Its index, or kNotFound.
@@ -58,12 +57,13 @@ public:
     [[nodiscard]] const Field* current() const;
 
     /// The placeholders of all rows, ranked by their order.
-    [[nodiscard]] const Placeholders& placeholders() const;
+    [[nodiscard]] Placeholders placeholders() const;
+    /// Whether they are these.
+    [[nodiscard]] bool has(const Placeholders& placeholders) const;
 
 private:
     std::vector<Field> fields_;
     std::int32_t current_ = 0;
-    mutable std::optional<Placeholders> placeholders_;  ///< made when it is asked for
 };
 
 }  // namespace wmoutlook::merge

@@ -53,17 +53,13 @@ void FieldListBuilder::header(std::string_view text, Blank blank) {
 }
 
 void FieldListBuilder::add(Field field, std::string_view listText) {
-    list_.addField(std::move(field));
-    addItem(listText, list_.count());
+    const Field& added = list_.addField(std::move(field));
+    addItem(listText.empty() ? added.displayName : listText, list_.count());
 }
 
 void FieldListBuilder::rows(std::span<const FieldRow> rows, SourceKind source) {
-    for (const FieldRow& row : rows) {
-        if (!standsIn(row, terms_)) continue;
-        Field field = fieldOf(row, source, terms_);
-        const std::string listText = row.listText.empty() ? field.displayName : std::string{row.listText};
-        add(std::move(field), listText);
-    }
+    for (const FieldRow& row : rows)
+        if (standsIn(row, terms_)) add(fieldOf(row, source, terms_), row.listText);
 }
 
 void FieldListBuilder::customRows(const CustomRows& rows, SourceKind source) {
@@ -75,7 +71,7 @@ void FieldListBuilder::customRows(const CustomRows& rows, SourceKind source) {
         const bool isOddFifth = i + 1 == labels.size() && !rows.fifthName.empty();
         const std::string name = labels[i].value_or(isOddFifth ? std::string{rows.fifthName} : usualName);
         add({std::string{rows.fieldStem} + number, name, source, DataType::text, "Custom Info " + number, kLength},
-            labels[i] ? name : usualName);
+            labels[i] ? std::string_view{} : usualName);
     }
 }
 

@@ -29,7 +29,7 @@ public:
     void notes(std::string_view displayName, SourceKind source);
 
 private:
-    void add(Field field, std::string_view listText);
+    void add(Field field, std::string_view listText);  ///< empty: listed by its name
     void addItem(std::string_view text, std::int32_t data);
 
     FieldList& list_;

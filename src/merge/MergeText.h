@@ -8,8 +8,7 @@
 #include <string>
 #include <string_view>
 
-/// What a merge does with the text of a template. Its rules are told as replacements one after the other; here the text is read once as
-/// long as that comes to the same, which it does unless placeholders stand inside of each other or a value holds marks of its own.
+/// What a merge does with a text, step by step. MergeTemplate does the same in one reading where it can.
 namespace wmoutlook::merge {
 
 /// Rich: a value that follows anything but a blank gets a blank in front, so that it does not run into a control word.
@@ -22,9 +21,9 @@ enum class TextKind { plain, rich };
 /// The value of a placeholder; asked once for each that the text holds when its turn has come, in the order of ranks.
 using ValueOf = std::function<std::string(std::int32_t rank)>;
 
-/// One pass of a merge, over the placeholders between these marks.
-[[nodiscard]] std::string expandPlaceholders(std::string text, const Marks& marks, const Placeholders& placeholders,
-                                             TextKind kind, const ValueOf& valueOf);
+/// One pass of a merge, over the placeholders between these marks: one value after the other.
+[[nodiscard]] std::string expandOneByOne(std::string text, const Marks& marks, const Placeholders& placeholders, TextKind kind,
+                                         const ValueOf& valueOf);
 
 /// Takes away what is left of placeholders: those between plain marks, and only when there was none those between escaped ones, of which
 /// the last three characters of the closing mark stay. An opening mark that is never closed ends it.

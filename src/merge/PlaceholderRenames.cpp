@@ -1,6 +1,5 @@
 #include "merge/PlaceholderRenames.h"
 
-#include "merge/BareWords.h"
 #include "merge/MarkScan.h"
 #include "merge/RenameTables.h"
 #include "platform/Text.h"
@@ -21,13 +20,6 @@ const ProvinceNames& namesOf(std::int32_t province) {
 
 bool isWithinMarks(std::string_view text, const Marks& marks) {
     return text.starts_with(marks.open) && text.ends_with(marks.close);
-}
-
-/// By its length and its ends; the same for names that differ in case alone.
-std::size_t shapeOf(std::string_view name) {
-    if (name.empty()) return 0;
-    const auto end = [](char c) { return static_cast<std::size_t>(static_cast<unsigned char>(c) & 0x1FU); };
-    return (name.size() * 37 + end(name.front()) * 5 + end(name.back())) % 256;
 }
 
 void takeLower(std::optional<std::size_t>& first, std::size_t rule) {
@@ -82,7 +74,6 @@ void PlaceholderRenames::index(std::size_t rule) {
         if (isWithinMarks(from, marks)) {
             const std::string_view name = from.substr(start, from.size() - start - marks.close.size());
             names_[kind][lowerCase(name)].push_back(rule);
-            shapes_.set(shapeOf(name));
         } else
             beginnings_[kind].push_back(rule);
         return;
@@ -103,7 +94,6 @@ void PlaceholderRenames::lookBetween(const Marks& marks, std::string_view text, 
         if (mark.kind != MarkKind::close || open.kind != MarkKind::open) continue;
         const std::size_t start = open.position + marks.open.size();
         const std::string_view name = text.substr(start, mark.position - start);
-        if (!shapes_.test(shapeOf(name))) continue;
         const auto rules = names_[kind].find(FoldedName{name}.text());
         if (rules == names_[kind].end()) continue;
         const auto rule = std::lower_bound(rules->second.begin(), rules->second.end(), from);
@@ -119,18 +109,20 @@ std::optional<std::size_t> PlaceholderRenames::firstPresent(std::string_view tex
 }
 
 void PlaceholderRenames::lookForBareWords(std::string_view text, std::size_t from, std::optional<std::size_t>& first) const {
-    eachPlaceOfBareWord(text, [&](std::size_t place) {
-        for (const std::size_t rule : bareWords_) {
-            const std::string_view word = rules_[rule].from;
-            if (rule >= from && (!first || rule < *first) && startsTextually(text.substr(place), word)) first = rule;
-        }
-    });
+    for (const std::size_t rule : bareWords_)
+        if (rule >= from && (!first || rule < *first) && findTextually(text, rules_[rule].from)) first = rule;
 }
 
 std::string PlaceholderRenames::apply(std::string text) const {
     for (auto rule = firstPresent(text, 0); rule; rule = firstPresent(text, *rule + 1))
         text = replaceTextually(text, rules_[*rule].from, rules_[*rule].to);
     return text;
+}
+
+const PlaceholderRenames& renamesFor(const RenameLocale& locale) {
+    thread_local std::optional<PlaceholderRenames> renames;
+    if (!renames || renames->locale() != locale) renames.emplace(locale);
+    return *renames;
 }
 
 }  // namespace wmoutlook::merge

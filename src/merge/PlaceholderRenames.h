@@ -5,7 +5,6 @@
 #include "platform/Date.h"
 
 #include <array>
-#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -60,7 +59,9 @@ private:
     std::vector<std::size_t> bareWords_;
     std::array<std::vector<std::size_t>, kAllMarks.size()> beginnings_;  ///< rules for all that begins so behind an opening mark
     std::array<RulesOfNames, kAllMarks.size()> names_;
-    std::bitset<256> shapes_;  ///< of all names in names_, so that most others need no look into it
 };
+
+/// Those of a locale; kept for the next time, in this thread.
+[[nodiscard]] const PlaceholderRenames& renamesFor(const RenameLocale& locale);
 
 }  // namespace wmoutlook::merge

@@ -45,6 +45,11 @@ void Placeholders::add(std::string_view name, bool isDate) {
     last->nextOfName = row;
 }
 
+bool Placeholders::isRow(std::int32_t row, std::string_view name, bool isDate) const {
+    const Row& there = rows_[static_cast<std::size_t>(row)];
+    return there.isDate == isDate && there.name == name;
+}
+
 std::int32_t Placeholders::findRow(std::string_view name, bool isDate, std::int32_t fromRow) const {
     const FoldedName folded{name};
     const auto known = firstOfName_.find(folded.text());
@@ -82,11 +87,15 @@ std::int32_t Placeholders::find(std::string_view between, std::int32_t from) con
     return std::min(plain, date);
 }
 
-std::string Placeholders::textOf(std::int32_t rank) const {
+std::string Placeholders::textBetween(std::int32_t rank, const Marks& marks) const {
     const Row& row = rows_[static_cast<std::size_t>(PlaceholderRank::row(rank))];
-    if (!row.isDate) return row.name;
     const auto format = static_cast<std::size_t>(PlaceholderRank::format(rank));
-    return "(" + row.name + ", " + std::string{kDateFormats[format].written} + ")";
+    std::string text{marks.open};
+    if (row.isDate)
+        text.append("(").append(row.name).append(", ").append(kDateFormats[format].written).append(")");
+    else
+        text.append(row.name);
+    return text.append(marks.close);
 }
 
 }  // namespace wmoutlook::merge

@@ -31,11 +31,14 @@ public:
 
     /// The next row of the field list. Rows are numbered from 1.
     void add(std::string_view name, bool isDate);
+    [[nodiscard]] std::int32_t rows() const { return static_cast<std::int32_t>(rows_.size()) - 1; }
+    /// Whether the row was added with just these.
+    [[nodiscard]] bool isRow(std::int32_t row, std::string_view name, bool isDate) const;
 
     /// The lowest rank, not below `from`, of a placeholder with this text between its marks; kNone when there is none.
     [[nodiscard]] std::int32_t find(std::string_view between, std::int32_t from = 0) const;
-    /// What stands between the marks of a placeholder.
-    [[nodiscard]] std::string textOf(std::int32_t rank) const;
+    /// A placeholder as templates hold it.
+    [[nodiscard]] std::string textBetween(std::int32_t rank, const Marks& marks) const;
     [[nodiscard]] std::int32_t ranks() const { return PlaceholderRank::of(static_cast<std::int32_t>(rows_.size()), 0); }
     /// Ranks of names that hold a mark or a backslash, as a label of the user's own may: those that a search from mark to mark misses.
     [[nodiscard]] const std::vector<std::int32_t>& withMarks() const { return withMarks_; }

@@ -3,9 +3,8 @@
 #include "merge/FieldListBuilder.h"
 #include "merge/FieldTables.h"
 #include "merge/MergeRecords.h"
-#include "merge/MergeText.h"
 #include "merge/PickList.h"
-#include "merge/PlaceholderRenames.h"
+#include "merge/RecentTemplates.h"
 #include "platform/Event.h"
 
 #include <cstdint>
@@ -129,8 +128,9 @@ private:
     [[nodiscard]] std::string faultOfName(std::string_view name, bool skipFieldNameCheck);
 
     [[nodiscard]] std::string valueOf(std::int32_t rank);
-    [[nodiscard]] std::string expandAll(std::string text);
-    void exchangeCompanyName(std::string& text) const;
+    /// Where and when templates are merged; nothing when it cannot be told, and then names stay as they are.
+    [[nodiscard]] std::optional<merge::RenameLocale> renameLocale() const;
+    [[nodiscard]] merge::Naming naming() const;
 
     [[nodiscard]] Variant valueOfRecord(const merge::Field& field);
     [[nodiscard]] Variant getDataFieldFromRecordset(const merge::Field& field);
@@ -151,7 +151,6 @@ private:
     bool useWordWrap_ = true;
     merge::FieldList fields_;
     merge::MergeRecords records_;
-    std::optional<merge::PlaceholderRenames> renames_;  ///< of the locale when it was last asked for
 };
 
 /// The text that the host's calendar shows for an appointment (kind 0), a task (1) or a time entry (2) of a user. Empty for any other.

@@ -14,6 +14,28 @@ namespace wmoutlook {
 
 using merge::TextKind;
 
+namespace {
+
+/// A client that is a contact alone has no company name to show.
+void exchangeCompanyName(std::string& text) {
+    for (const merge::Marks& marks : merge::kAllMarks) {
+        const auto between = [&](std::string_view name) { return std::string{marks.open}.append(name).append(marks.close); };
+        const std::string company = between("Company Name");
+        const std::string contact = between("Contact Display Name");
+        if (!findTextually(text, company) || findTextually(text, contact)) continue;
+        text = replaceTextually(text, company, contact);
+        return;
+    }
+}
+
+std::string withCurrentNames(std::string text, const merge::Naming& naming) {
+    if (naming.locale) text = merge::renamesFor(*naming.locale).apply(std::move(text));
+    if (naming.isContactAlone) exchangeCompanyName(text);
+    return text;
+}
+
+}  // namespace
+
 clsInsertFieldsInRTB::~clsInsertFieldsInRTB() noexcept {
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-Class_Terminate", nullptr, Routine::OnFailure::ignore};
     routine.run([&] {
@@ -73,14 +95,16 @@ bool clsInsertFieldsInRTB::verifyFieldListIsPopulated() {
     return isPopulated;
 }
 
-std::string clsInsertFieldsInRTB::convertProvinceFields(std::string text) {
+std::optional<merge::RenameLocale> clsInsertFieldsInRTB::renameLocale() const {
+    std::optional<merge::RenameLocale> locale;
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-convertProvinceFields"};
-    routine.run([&] {
-        const merge::RenameLocale locale{firmCountry(), firmProvince(), merge::isHarmonizedOn(today())};
-        if (!renames_ || renames_->locale() != locale) renames_.emplace(locale);
-        text = renames_->apply(std::move(text));
-    });
-    return text;
+    routine.run([&] { locale = merge::RenameLocale{firmCountry(), firmProvince(), merge::isHarmonizedOn(today())}; });
+    return locale;
+}
+
+std::string clsInsertFieldsInRTB::convertProvinceFields(std::string text) {
+    const auto locale = renameLocale();
+    return locale ? merge::renamesFor(*locale).apply(std::move(text)) : text;
 }
 
 std::string clsInsertFieldsInRTB::convertFieldName(std::string_view text) {
@@ -104,17 +128,8 @@ std::string clsInsertFieldsInRTB::getTodaysDate(std::string_view format) const {
     return text;
 }
 
-/// A client that is a contact alone has no company name to show.
-void clsInsertFieldsInRTB::exchangeCompanyName(std::string& text) const {
-    if (!ConvertCompanyNameToContactNameForContacts || companyID > 0 || contactID < 1) return;
-    for (const merge::Marks& marks : merge::kAllMarks) {
-        const auto between = [&](std::string_view name) { return std::string{marks.open}.append(name).append(marks.close); };
-        const std::string company = between("Company Name");
-        const std::string contact = between("Contact Display Name");
-        if (!findTextually(text, company) || findTextually(text, contact)) continue;
-        text = replaceTextually(text, company, contact);
-        return;
-    }
+merge::Naming clsInsertFieldsInRTB::naming() const {
+    return {renameLocale(), ConvertCompanyNameToContactNameForContacts && companyID <= 0 && contactID >= 1};
 }
 
 std::string clsInsertFieldsInRTB::valueOf(std::int32_t rank) {
@@ -126,23 +141,20 @@ std::string clsInsertFieldsInRTB::valueOf(std::int32_t rank) {
     return getDataFieldInfo(row, isDate ? format.ofField : std::string_view{});
 }
 
-std::string clsInsertFieldsInRTB::expandAll(std::string text) {
-    const merge::Placeholders placeholders = fields_.placeholders();  // as they are before a value is computed
-    for (const merge::Marks& marks : merge::kAllMarks)
-        text = merge::expandPlaceholders(std::move(text), marks, placeholders, ConvertStrToRTF ? TextKind::rich : TextKind::plain,
-                                         [&](std::int32_t rank) { return valueOf(rank); });
-    return text;
-}
-
 std::string clsInsertFieldsInRTB::parseRTBComment() {
     std::string text;
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-parseRTBComment"};
     routine.run([&] {
-        text = convertProvinceFields(TemplateText);
-        exchangeCompanyName(text);
-        if (!verifyFieldListIsPopulated()) return;
-        text = expandAll(std::move(text));
-        replaceUnfoundMergeFieldsWithBlanks(text);
+        const merge::Naming names = naming();
+        const auto current = [&] { return withCurrentNames(TemplateText, names); };
+        if (!verifyFieldListIsPopulated()) {
+            text = current();
+            return;
+        }
+        const auto prepared = merge::recentTemplates().of(TemplateText, names, fields_, current);
+        text = prepared->text();
+        text = prepared->merged(ConvertStrToRTF ? TextKind::rich : TextKind::plain,
+                                [&](std::int32_t rank) { return valueOf(rank); });
     });
     return text;
 }

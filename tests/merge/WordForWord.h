@@ -76,4 +76,11 @@ inline void removeUnfoundWordForWord(std::string& text) {
     }
 }
 
+[[nodiscard]] inline std::string mergedWordForWord(std::string text, const std::vector<NamedField>& fields, merge::TextKind kind,
+                                                   const merge::ValueOf& valueOf) {
+    for (const merge::Marks& marks : merge::kAllMarks) text = expandedWordForWord(std::move(text), marks, fields, kind, valueOf);
+    removeUnfoundWordForWord(text);
+    return text;
+}
+
 }  // namespace wmoutlook::testing
