@@ -86,6 +86,7 @@ bool MergeTemplate::findPlaceholders(std::size_t kindOfMarks) {
             continue;
         }
         if (open.kind == MarkKind::none) continue;
+        if (holdsStretch(open.position, mark.position)) return false;  // its value can complete a name
         const std::size_t start = open.position + marks.open.size();
         const std::int32_t rank = placeholders_->find(text.substr(start, mark.position - start));
         if (rank != PlaceholderRank::kNone) {
@@ -125,6 +126,12 @@ bool MergeTemplate::findRemnants(const Marks& marks) {
     if (isEscaped && open.kind == MarkKind::open && !remnants.empty()) return false;
     add(remnants);
     return true;
+}
+
+bool MergeTemplate::holdsStretch(std::size_t begin, std::size_t end) const {
+    const auto behind = std::lower_bound(stretches_.begin(), stretches_.end(), begin,
+                                         [](const Stretch& stretch, std::size_t place) { return stretch.begin < place; });
+    return behind != stretches_.end() && behind->begin < end;
 }
 
 /// Keeps the order of the text.

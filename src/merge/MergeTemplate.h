@@ -47,6 +47,7 @@ private:
     [[nodiscard]] bool findStretches();
     [[nodiscard]] bool findPlaceholders(std::size_t kindOfMarks);
     [[nodiscard]] bool findRemnants(const Marks& marks);
+    [[nodiscard]] bool holdsStretch(std::size_t begin, std::size_t end) const;
     void add(const std::vector<Stretch>& stretches);
     void numberSlots();
 

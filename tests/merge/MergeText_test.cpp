@@ -128,6 +128,9 @@ std::string randomTemplate(std::mt19937& random) {
                                                  "«(Todays Date, dddd, mmmm d yyyy)»",
                                                  "é",
                                                  "\\par ",
+                                                 "\\b0 ",
+                                                 "«x»",
+                                                 "\\'abx\\",
                                                  "«»"};
     std::string text;
     for (std::size_t count = random() % 12; count > 0; --count) text += pieces[random() % pieces.size()];

@@ -118,6 +118,29 @@ TEST_F(Merging, ContactAloneIsNamedWhereTheCompanyWould) {
     EXPECT_EQ(merged("«Company Name», «Contact Display Name»"), ", Bob Alder");
 }
 
+/// What was found in a template is kept for the next merge; what the firm calls its fields, and where it is, can change in between.
+TEST_F(Merging, KnownTemplateFollowsTheNamesOfTheDay) {
+    const auto mergedAnew = [&] {
+        clsInsertFieldsInRTB next;
+        next.companyID = company;
+        next.contactID = contact;
+        next.ListType = merge.ListType;
+        next.ConvertStrToRTF = merge.ConvertStrToRTF;
+        next.initializeDataRecordsetsForSingleDocMerge();
+        next.TemplateText = "[«Branch»]«Province»«Company Name»\\par«City»";
+        return next.parseRTBComment();
+    };
+    EXPECT_EQ(mergedAnew(), "[]OntarioBirch & Co\\parLaval");
+    add("CustomAddressFields", "", {{"CompanyLabel1", "Branch"}});
+    EXPECT_EQ(mergedAnew(), "[own]OntarioBirch & Co\\parLaval");
+    merge.ConvertStrToRTF = true;
+    EXPECT_EQ(mergedAnew(), "[ own] Ontario Birch & Co\\par Laval");
+    host.locale->countryNumber = 0;  // where nothing is called Province
+    EXPECT_EQ(mergedAnew(), "[ own] Birch & Co\\par Laval");
+    merge.ListType = clsInsertFieldsInRTB::kContactAlone;
+    EXPECT_EQ(mergedAnew(), "[ own] Birch & Co\\par Laval");
+}
+
 TEST_F(Merging, ValuesAreWrittenBackInTheKindOfTheirColumn) {
     merge.MergeFieldListUse(clsInsertFieldsInRTB::kWriteBack);
     merge.initializeDataRecordsetsForSingleDocMerge();
