@@ -1,5 +1,7 @@
 #include "tests/tallowsync/ProgramTest.h"
 
+#include <algorithm>
+
 namespace wmoutlook::testing {
 namespace {
 
@@ -48,6 +50,9 @@ TEST_F(MergeCommands, TemplateIsChecked) {
     EXPECT_EQ(run({"check-template", "«Task Name»"}).status, 0);
     EXPECT_EQ(run({"check-template", "--list-type", "5", "--json", "«Task Name»"}).json()["messages"].size(), 1U);
     EXPECT_EQ(run({"check-template", "--rtf", "-"}, "\\'abCompany Name\\'bb").status, 0);
+    const Result unreadable = run({"check-template", "«(Todays Date)»"});
+    EXPECT_EQ(unreadable.status, 1);
+    EXPECT_EQ(std::count(unreadable.err.begin(), unreadable.err.end(), '\n'), 1) << unreadable.err;
     EXPECT_EQ(run({"check-template", "--firm", file("none.db"), "x"}).status, 3);
     EXPECT_EQ(run({"merge", "--firm", file("none.db"), "x"}).status, 3);
     EXPECT_EQ(merge({"--company", "x", "y"}).status, 2);

@@ -9,6 +9,7 @@
 #include "platform/richtext/RichText.h"
 
 #include <iterator>
+#include <limits>
 #include <memory>
 
 namespace wmoutlook {
@@ -142,6 +143,12 @@ constexpr NamedRecord kRecords[] = {
     {"--docket", &merge::MergeRecordIDs::docketId, Look::validDocketID},
 };
 
+/// By the kind of a calendar record.
+const NamedRecord& calendarRecordOf(std::int32_t kind) {
+    constexpr std::size_t kAppointments = 2;
+    return kRecords[kAppointments + static_cast<std::size_t>(kind)];
+}
+
 struct CalendarRecord {
     std::int32_t merge::MergeRecordIDs::*id;
     std::int32_t listType;
@@ -174,13 +181,15 @@ void chooseRecords(clsInsertFieldsInRTB& merge, HostDatabase& database) {
     if (!firm.isAtEnd()) merge.firmID = firm.field("CompanyID").toInteger();
 }
 
+void tellIfMissing(const NamedRecord& record, const char* option, std::int32_t id, Console& console) {
+    if (id < 0 || record.isThere(id)) return;
+    tellFailure(console, std::string{option} + ": the firm has no number " + toText(id) + "; its fields are empty");
+}
+
 ExitStatus mergeTemplate(const MergeOptions& options, Console& console) {
     const std::string text = templateText(options.text, console);
     const FirmHost host{at(options.host, options.now), console};
-    for (const NamedRecord& record : kRecords)
-        if (const std::int32_t id = options.ids.*record.id; id >= 0 && !record.isThere(id))
-            tellFailure(console,
-                        std::string{record.option} + ": the firm has no number " + toText(id) + "; its fields are empty");
+    for (const NamedRecord& record : kRecords) tellIfMissing(record, record.option, options.ids.*record.id, console);
     clsInsertFieldsInRTB merge;
     static_cast<merge::MergeRecordIDs&>(merge) = options.ids;
     merge.userID = host.locale().currentUserID();
@@ -201,7 +210,8 @@ Action declareMerge(CLI::App& line) {
     const auto options = std::make_shared<MergeOptions>();
     declareFirm(line, options->host, options->now);
     for (const NamedRecord& record : kRecords)
-        line.add_option(record.option, options->ids.*record.id, "The number of the record")->check(CLI::NonNegativeNumber);
+        line.add_option(record.option, options->ids.*record.id, "The number of the record")
+            ->check(CLI::Range(0, std::numeric_limits<std::int32_t>::max()));
     line.add_option("--user", options->host.user, "The number of the staff member at work; the first by name without it");
     auto* const rich = line.add_flag("--rtf", options->isRich, "The template is rich text; otherwise it is looked at");
     line.add_flag("--plain", options->isPlain, "The template is plain text")->excludes(rich);
@@ -219,6 +229,8 @@ struct CheckOptions {
     bool isRich = false, asJson = false;
 };
 
+constexpr const char* kUnreadable = "An expression cannot be read";
+
 /// What is said of the text by the list of one type.
 std::vector<std::string> faultsOf(const CheckOptions& options, const std::string& text, std::int32_t listType) {
     clsInsertFieldsInRTB merge;
@@ -227,8 +239,7 @@ std::vector<std::string> faultsOf(const CheckOptions& options, const std::string
     merge.createDefaultFieldListStructure(skipList, clearList);
     std::vector<std::string> faults;
     const auto listener = merge.MergeCommentError.subscribe([&](const std::string& message) { faults.push_back(message); });
-    if (merge.testRTBComment(text, options.isRich, true, false) && faults.empty())
-        faults.emplace_back("An expression cannot be read");
+    if (merge.testRTBComment(text, options.isRich, true, false) && faults.empty()) faults.emplace_back(kUnreadable);
     return faults;
 }
 
@@ -236,6 +247,7 @@ std::vector<std::string> faultsOf(const CheckOptions& options, const std::string
 std::vector<std::string> checkTemplate(const CheckOptions& options, const std::string& text) {
     if (options.listType) return faultsOf(options, text, *options.listType);
     auto faults = faultsOf(options, text, clsInsertFieldsInRTB::kCompanyAndContact);
+    if (!faults.empty() && faults.back() == kUnreadable) return faults;  // so it is with every list
     for (const std::int32_t listType :
          {clsInsertFieldsInRTB::kAppointment, clsInsertFieldsInRTB::kTask, clsInsertFieldsInRTB::kTimeEntry})
         if (faults.empty() || faultsOf(options, text, listType).empty()) return {};
@@ -283,6 +295,7 @@ Action declareDisplayText(CLI::App& line) {
     line.add_flag("--json", options->asJson, "Print JSON: text, errors");
     return [options](Console& console) {
         const FirmHost host{at(options->host, options->now), console};
+        tellIfMissing(calendarRecordOf(options->kind), "--id", options->id, console);
         const std::string text = createTextByID(options->kind, options->id, options->user);
         if (options->asJson)
             console.out << jsonText({{"text", text}, {"errors", errorsToJson(host.errors())}}, 2);
