@@ -20,14 +20,18 @@ const FirmFiles& templateFiles() {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() {
-    const std::filesystem::path base =
-        std::filesystem::is_directory("/dev/shm") ? "/dev/shm" : std::filesystem::temp_directory_path();
-    std::string pattern = (base / "wmoutlook-test-XXXXXX").string();
-    path_ = ::mkdtemp(pattern.data());
+std::string TemporaryFolder::file(const std::string& name) const {
+    if (path_.empty()) {
+        const std::filesystem::path base =
+            std::filesystem::is_directory("/dev/shm") ? "/dev/shm" : std::filesystem::temp_directory_path();
+        std::string pattern = (base / "wmoutlook-test-XXXXXX").string();
+        path_ = ::mkdtemp(pattern.data());
+    }
+    return (path_ / name).string();
 }
 
 TemporaryFolder::~TemporaryFolder() {
+    if (path_.empty()) return;
     std::error_code ignored;
     std::filesystem::remove_all(path_, ignored);
 }

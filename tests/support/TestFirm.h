@@ -15,18 +15,18 @@ namespace wmoutlook::testing {
 
 using Fields = std::vector<std::pair<std::string, std::string>>;
 
-/// A folder that is gone when the test is over.
+/// A folder that is made when it is first used, and gone when the test is over.
 class TemporaryFolder {
 public:
-    TemporaryFolder();
+    TemporaryFolder() = default;
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    [[nodiscard]] std::string file(const std::string& name) const { return (path_ / name).string(); }
+    [[nodiscard]] std::string file(const std::string& name) const;
 
 private:
-    std::filesystem::path path_;
+    mutable std::filesystem::path path_;
 };
 
 struct Link {

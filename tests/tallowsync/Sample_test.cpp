@@ -10,6 +10,7 @@
 #include "platform/DateHelper.h"
 #include "platform/Errors.h"
 #include "platform/Text.h"
+#include "tests/support/TestFirm.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -23,8 +24,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <unistd.h>
 
 namespace wmoutlook {
 namespace {
@@ -84,7 +83,8 @@ private:
 };
 
 fs::path freshDirectory(const std::string& name) {
-    const fs::path directory = fs::path{::testing::TempDir()} / ("tallowsync_sample_" + std::to_string(::getpid()) + "_" + name);
+    static const wmoutlook::testing::TemporaryFolder all;
+    fs::path directory = all.file(name);
     fs::remove_all(directory);
     return directory;
 }
