@@ -43,17 +43,20 @@ void appendEscaped(std::string& line, std::string_view character) {
 
 std::string faultOfName(std::string_view name) {
     bool hasControl = false;
-    bool hasNoUtf8 = false;
-    forEachCharacter(name, [&](std::string_view, CharacterKind kind) {
-        hasControl = hasControl || kind == CharacterKind::control;
-        hasNoUtf8 = hasNoUtf8 || kind == CharacterKind::noUtf8;
-    });
-    if (hasNoUtf8) return "is no valid UTF-8";
+    forEachCharacter(name,
+                     [&](std::string_view, CharacterKind kind) { hasControl = hasControl || kind == CharacterKind::control; });
+    if (!isUtf8(name)) return "is no valid UTF-8";
     if (hasControl) return "holds a control character";
     if (withoutWhiteSpaceAround(name).empty()) return "is empty";
     if (const std::size_t length = characterCount(name); length > kLongestName)
         return "has " + std::to_string(length) + " characters, of which " + std::to_string(kLongestName) + " are the most";
     return {};
+}
+
+bool isUtf8(std::string_view text) {
+    bool isIt = true;
+    forEachCharacter(text, [&](std::string_view, CharacterKind kind) { isIt = isIt && kind != CharacterKind::noUtf8; });
+    return isIt;
 }
 
 std::string onOneLine(std::string_view text) {

@@ -12,6 +12,8 @@ inline constexpr std::size_t kLongestName = 255;  ///< in characters: of a firm,
 /// kLongestName characters, and holds neither control characters nor bytes that are no UTF-8.
 [[nodiscard]] std::string faultOfName(std::string_view name);
 
+[[nodiscard]] bool isUtf8(std::string_view text);
+
 /// A text from outside as one line that cannot steer a terminal: control characters and bytes that are no UTF-8 become \x1B and
 /// the like.
 [[nodiscard]] std::string onOneLine(std::string_view text);

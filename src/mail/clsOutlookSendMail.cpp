@@ -27,13 +27,20 @@ outlook::LogonArguments logonArguments(std::string_view profile, std::string_vie
     return arguments;
 }
 
+template <class Work>
+void runPublic(std::string_view errorTag, Work work) {
+    publicOperation([&] {
+        Routine routine{errorTag};
+        routine.run(work);
+    });
+}
+
 }  // namespace
 
 bool clsOutlookSendMail::startOutlook(std::string_view strProfile, std::string_view strPassword, bool blnDisplayDialog,
                                       bool blnNewSession) {
     bool isLoggedOn = false;
-    Routine routine{"wmoutlooktb.dll-clsOutlookSendMail-startOutlook"};
-    routine.run([&] {
+    runPublic("wmoutlooktb.dll-clsOutlookSendMail-startOutlook", [&] {
         application_ = reachOutlook(automation_);
         if (application_.isNothing()) return;
         nameSpace_ = application_.getNamespace("MAPI");
@@ -49,8 +56,7 @@ bool clsOutlookSendMail::startOutlook(std::string_view strProfile, std::string_v
 
 bool clsOutlookSendMail::createNewMail() {
     bool isCreated = false;
-    Routine routine{"wmoutlooktb.dll-clsOutlookSendMail-createNewMail"};
-    routine.run([&] {
+    runPublic("wmoutlooktb.dll-clsOutlookSendMail-createNewMail", [&] {
         const outlook::Item mail = application_.createItem(outlook::ItemType::mail);
         isCreated = !mail.isNothing();
         if (isCreated) mail_ = mail;
@@ -59,8 +65,7 @@ bool clsOutlookSendMail::createNewMail() {
 }
 
 void clsOutlookSendMail::closeOutlook() {
-    Routine routine{"wmoutlooktb.dll-clsOutlookSendMail-closeOutlook"};
-    routine.run([&] {
+    runPublic("wmoutlooktb.dll-clsOutlookSendMail-closeOutlook", [&] {
         mail_.release();
         nameSpace_.release();
         application_.release();
@@ -71,8 +76,7 @@ void clsOutlookSendMail::closeOutlook() {
 template <class Work>
 bool clsOutlookSendMail::withMail(std::string_view errorTag, Work work) {
     const bool isThere = !mail_.isNothing();
-    Routine routine{errorTag};
-    routine.run([&] {
+    runPublic(errorTag, [&] {
         if (isThere) work();
     });
     return isThere;

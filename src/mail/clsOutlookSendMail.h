@@ -11,7 +11,8 @@ namespace wmoutlook {
 /// from any synchronization, and one current mail, which createNewMail replaces. Without a current mail every other operation
 /// on it does nothing and gives false.
 ///
-/// Failures go to the error service that clsOutlookSynchronization was handed. One thread. Nothing throws.
+/// Failures go to the error service that clsOutlookSynchronization was handed. One thread. Nothing throws, but for what the host
+/// itself throws from ExitProgram.
 class clsOutlookSendMail {
 public:
     explicit clsOutlookSendMail(std::shared_ptr<outlook::port::Automation> automation) : automation_(std::move(automation)) {}

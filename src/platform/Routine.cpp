@@ -26,6 +26,8 @@ ErrorReport reportOfCaught(std::string_view errorTag) {
     } catch (const Failure& failure) {
         report.number = failure.number();
         report.message = failure.what();
+    } catch (const std::bad_alloc&) {
+        report.message = "There is not enough memory";
     } catch (const std::exception& error) {
         report.message = error.what();
     } catch (...) {

@@ -35,9 +35,13 @@ const std::array kLayers{
     Layer{"src/mail", logic, 4},
     Layer{"src/component", logic, 5},
     Layer{"src/wizard", logic, 6},
-    Layer{"src/adapters/exchange", outside, 0, {"src/platform"}},
-    Layer{"src/adapters/headless", outside, 0, {"src/platform"}},
-    Layer{"src/adapters/outlookstore", outside, 0, {"src/platform", "src/adapters/sql/SqliteDatabase.h"}},  // for Durability
+    Layer{"src/adapters/exchange", outside, 0, {"src/platform", "src/adapters/files"}},
+    Layer{"src/adapters/files", outside, 0, {}},
+    Layer{"src/adapters/headless", outside, 0, {"src/platform", "src/adapters/files"}},
+    Layer{"src/adapters/outlookstore",
+          outside,
+          0,
+          {"src/platform", "src/adapters/files", "src/adapters/sql/SqliteDatabase.h"}},  // Durability
     Layer{"src/adapters/sql", outside, 0, {"src/platform"}},
     Layer{"src/adapters/windows", outside, 0, {"src/platform", "src/component", "src/mail", "src/wizard"}},
     Layer{"apps/tallowsync", outside, 0, {"src", "apps/tallowsync"}},

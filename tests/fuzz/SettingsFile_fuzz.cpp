@@ -1,6 +1,6 @@
+#include "adapters/files/SafeFile.h"
 #include "adapters/headless/AnsiText.h"
 #include "adapters/headless/PrivateProfileFile.h"
-#include "adapters/headless/SafeFile.h"
 #include "adapters/headless/WorkingFolders.h"
 
 #include <algorithm>

@@ -37,7 +37,7 @@ TEST_F(MailCommand, ASentMailLiesInTheOutboxAndIsExported) {
 }
 
 TEST_F(MailCommand, ADraftIsAddedAgainFromItsJson) {
-    ASSERT_EQ(mail({"--to", "Nobody Known", "--cc", "Anne <anne@example.ca>", "--display"}).err, "");
+    ASSERT_EQ(mail({"--to", "Nobody Known", "--cc", "\"\"Anne\"\" <anne@example.ca>", "--display"}).err, "");
     const Result drafts = outlook({"list", "--folder", "Drafts", "--json"});
     ASSERT_EQ(outlook({"add"}, drafts.out).err, "");
     Json both = outlook({"list", "--folder", "Drafts", "--json"}).json();
@@ -46,8 +46,9 @@ TEST_F(MailCommand, ADraftIsAddedAgainFromItsJson) {
         for (const auto* const own : {"EntryID", "CreationTime", "LastModificationTime"}) draft.erase(own);
     EXPECT_EQ(both[0], both[1]);
     EXPECT_EQ(both[0]["Recipients"][0]["Address"], nullptr);
-    for (const auto* const recipients : {R"([{"Type": 4, "Name": "A"}])", R"([{"Type": 1}])", R"([{"Type": 1, "Name": "A\nB"}])",
-                                         R"("A")", R"([{"Name": "A"}])"})
+    for (const auto* const recipients :
+         {R"([{"Type": 4, "Name": "A"}])", R"([{"Type": 1}])", R"([{"Type": 1, "Name": "A\nB"}])", R"("A")", R"([{"Name": "A"}])",
+          R"([{"Type": 1, "Name": "A", "Address": "no address"}])"})
         EXPECT_EQ(outlook({"add", "--folder", "Drafts"}, std::string{"[{\"Recipients\": "} + recipients + "}]").err,
                   "tallowsync: Item 1 has a recipient without a usable Name, Address or Type of 1 (To), 2 (CC) or 3 (BCC).\n");
     EXPECT_EQ(outlook({"add", "--folder", "Drafts"}, R"({"Attachments": [{"FileName": "a"}]})").status, 3);
@@ -70,7 +71,9 @@ TEST_F(MailCommand, WhatCannotBeDoneIsOneSentenceAndLeavesNothing) {
              Case{{"--to", "a@example.ca", "--display", "--send"}, 2, "--display"},
              Case{{"--to", "a@example.ca", "--attach", file("none.pdf"), "--send"}, 3, "none.pdf"},
              Case{{"--to", "a@example.ca", "--attach", file("return.pdf"), "--attach", file(""), "--send"}, 3, "it is a folder"},
-             Case{{"--to", "a@example.ca", "--attach", file("return.pdf") + "=a\nb", "--display"}, 3, "display name"},
+             Case{{"--to", "a@example.ca", "--attach", file("return.pdf") + "=a\nb", "--display"}, 2, "name of an attachment"},
+             Case{{"--subject", "a\xFF", "--display"}, 2, "--subject"},
+             Case{{"--body", std::string(1, '\xFF'), "--display"}, 2, "--body"},
              Case{{"--outlook", file("none.db"), "--to", "a@example.ca", "--send"}, 2, "--outlook"},
          }) {
         const Result result = mail(c.arguments);

@@ -4,6 +4,7 @@
 #include "apps/tallowsync/Command.h"
 #include "apps/tallowsync/PlainText.h"
 #include "apps/tallowsync/items/ItemJson.h"
+#include "apps/tallowsync/items/ValueLimits.h"
 #include "apps/tallowsync/run/FirstFailure.h"
 #include "apps/tallowsync/run/RecordingOutlook.h"
 #include "mail/clsOutlookSendMail.h"
@@ -42,12 +43,31 @@ struct AttachedFile {
     std::string path, displayName;
 };
 
-/// "FILE=NAME", or a file alone; one that is there as a whole has an equals sign in its name.
+/// "FILE=NAME", or a file alone. Both can hold equals signs: the longest file that is there is meant, otherwise the shortest.
 AttachedFile attachedFile(const std::string& text) {
-    const std::size_t equals = text.rfind('=');
     std::error_code error;
-    if (equals == std::string::npos || std::filesystem::exists(text, error)) return {text, {}};
+    if (std::filesystem::exists(text, error)) return {text, {}};
+    std::size_t equals = text.rfind('=');
+    while (equals != std::string::npos && equals > 0 && !std::filesystem::exists(text.substr(0, equals), error))
+        equals = text.rfind('=', equals - 1);
+    if (equals == std::string::npos || equals == 0) equals = text.find('=');
+    if (equals == std::string::npos) return {text, {}};
     return {text.substr(0, equals), text.substr(equals + 1)};
+}
+
+std::vector<AttachedFile> attachedFiles(const std::vector<std::string>& texts) {
+    std::vector<AttachedFile> files;
+    for (const std::string& text : texts) {
+        files.push_back(attachedFile(text));
+        const std::string& name = files.back().displayName;
+        if (const std::string fault = name.empty() ? std::string{} : faultOfName(name); !fault.empty())
+            throw UsageError{"--attach: " + inQuotes(name) + " cannot be the name of an attachment, since it " + fault};
+    }
+    return files;
+}
+
+void requireStorable(const std::string& option, std::string_view property, std::string_view text) {
+    if (const std::string fault = faultOfText(property, text); !fault.empty()) throw UsageError{option + ": the text " + fault};
 }
 
 /// The mail as a host composes it, with the host's services. Nothing of it is stored before it is shown or sent.
@@ -67,8 +87,7 @@ public:
 
 private:
     void checkRecipients() const;
-    void compose(Console& console);
-    void attach();
+    void compose(const std::string& body, const std::vector<AttachedFile>& files);
     void requireDone(const std::string& what) const;
 
     const MailTexts& texts_;
@@ -99,28 +118,26 @@ void Composition::requireDone(const std::string& what) const {
     if (failure_->first()) throw InputError{what + failure_->first()->message};
 }
 
-void Composition::attach() {
-    for (const std::string& text : texts_.attachments) {
-        const AttachedFile file = attachedFile(text);
+void Composition::compose(const std::string& body, const std::vector<AttachedFile>& files) {
+    mail_.startOutlook({}, {}, false, false);
+    mail_.createNewMail();
+    mail_.subject(texts_.subject);
+    mail_.body(body);
+    for (const RecipientOption& row : kRecipientOptions)
+        for (const std::string& text : texts_.*row.texts) (mail_.*row.add)(text);
+    requireDone({});
+    for (const AttachedFile& file : files) {
         mail_.attachment(file.path, file.displayName);
         requireDone("--attach: " + inQuotes(file.path) + ": ");
     }
 }
 
-void Composition::compose(Console& console) {
-    mail_.startOutlook({}, {}, false, false);
-    mail_.createNewMail();
-    mail_.subject(texts_.subject);
-    mail_.body(texts_.body == "-" ? std::string{std::istreambuf_iterator<char>{console.in}, {}} : texts_.body);
-    for (const RecipientOption& row : kRecipientOptions)
-        for (const std::string& text : texts_.*row.texts) (mail_.*row.add)(text);
-    requireDone({});
-    attach();
-}
-
 outlookstore::ListedItem Composition::finish(Console& console) {
+    const std::string body = texts_.body == "-" ? std::string{std::istreambuf_iterator<char>{console.in}, {}} : texts_.body;
+    requireStorable("--subject", "Subject", texts_.subject);
+    requireStorable("--body", "Body", body);
     checkRecipients();
-    compose(console);
+    compose(body, attachedFiles(texts_.attachments));
     stopIfAsked(console.stopSignal);
     texts_.isToBeSent ? mail_.sendMail() : mail_.displayMail();
     requireDone({});

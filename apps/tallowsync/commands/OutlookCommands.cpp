@@ -188,14 +188,14 @@ Action declareExport(CLI::App& line) {
     auto* const item = line.add_option("--item", options->entryID, "The mail, by identifier as 'list' shows it");
     line.add_option("--folder", options->folder, "The newest mail of this folder; of the Outbox without --item and --folder")
         ->excludes(item);
-    return [&line, options](Console&) {
+    return [&line, options](Console& console) {
         if (!equalsTextually(std::filesystem::path{options->file}.extension().string(), ".eml"))
             throw UsageError{"A mail goes to a file whose name ends in .eml, not to " + inQuotes(options->file)};
         const auto store = storeOf(line);
         const std::string folder = options->folder.value_or("Outbox");
         if (!options->entryID) static_cast<void>(requireFolder(*store, folder));
         const auto mail = options->entryID ? requireItem(*store, *options->entryID) : newestMail(*store, folder);
-        writeMailFile(*mail, options->file);
+        writeMailFile(*mail, options->file, console.stopSignal);
         return ExitStatus::done;
     };
 }

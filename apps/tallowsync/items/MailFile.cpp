@@ -2,7 +2,6 @@
 
 #include "adapters/exchange/MailExport.h"
 #include "adapters/outlookstore/StoreListing.h"
-#include "apps/tallowsync/Console.h"
 #include "apps/tallowsync/PlainText.h"
 #include "platform/outlook/PropertyNames.h"
 
@@ -58,10 +57,11 @@ std::shared_ptr<outlook::port::Item> newestMail(outlook::port::Automation& store
     return outlookstore::findItem(store, newest);
 }
 
-void writeMailFile(const outlook::port::Item& mail, const std::string& path) {
+void writeMailFile(const outlook::port::Item& mail, const std::string& path, const StopSignal& stopSignal) {
+    stopIfAsked(stopSignal);  // from here on a signal is noted, and the file is taken back
     const ListedItem listed = outlookstore::describe(mail);
     if (listed.type != outlook::ItemType::mail) throw UsageError{"The item is no mail; only mails can be exported as .eml"};
-    exchange::writeMailFile(mailOf(mail, listed), path);
+    exchange::writeMailFile(mailOf(mail, listed), path, [&] { stopIfAsked(stopSignal); });
 }
 
 }  // namespace wmoutlook

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/tallowsync/Console.h"
 #include "platform/outlook/ObjectModel.h"
 
 #include <memory>
@@ -11,7 +12,7 @@ namespace wmoutlook {
 [[nodiscard]] std::shared_ptr<outlook::port::Item> newestMail(outlook::port::Automation& store, const std::string& folder);
 
 /// Writes a mail of the store to a new .eml file. Throws UsageError when the item is no mail, Failure when the file is there
-/// already or cannot be written.
-void writeMailFile(const outlook::port::Item& mail, const std::string& path);
+/// already or cannot be written, and Stopped before there is a file.
+void writeMailFile(const outlook::port::Item& mail, const std::string& path, const StopSignal& stopSignal);
 
 }  // namespace wmoutlook

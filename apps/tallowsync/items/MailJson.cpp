@@ -1,5 +1,6 @@
 #include "apps/tallowsync/items/MailJson.h"
 
+#include "adapters/outlookstore/StoreMailAddress.h"
 #include "apps/tallowsync/PlainText.h"
 
 #include <algorithm>
@@ -28,7 +29,7 @@ std::optional<ListedRecipient> recipientFromJson(const Json& json) {
     const auto number = type->get<std::int64_t>();
     const auto first = static_cast<std::int64_t>(RecipientType::to);
     const auto last = static_cast<std::int64_t>(RecipientType::bcc);
-    const bool isAddress = address->empty() || faultOfName(*address).empty();
+    const bool isAddress = address->empty() || outlookstore::isMailAddress(*address);
     if (number < first || number > last || !faultOfName(*name).empty() || !isAddress) return std::nullopt;
     return ListedRecipient{static_cast<RecipientType>(number), *name, *address};
 }
@@ -72,7 +73,7 @@ void addRecipients(outlook::port::Item& mail, const std::vector<ListedRecipient>
     const auto all = mail.recipients();
     for (const ListedRecipient& recipient : recipients) {
         const bool isWhole = recipient.address.empty() || recipient.address == recipient.name;
-        const auto added = all->add(isWhole ? recipient.name : recipient.name + " <" + recipient.address + ">");
+        const auto added = all->add(isWhole ? recipient.name : '"' + recipient.name + "\" <" + recipient.address + ">");
         added->setType(recipient.type);
         if (!recipient.address.empty()) static_cast<void>(added->resolve());
     }

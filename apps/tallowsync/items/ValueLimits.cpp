@@ -1,5 +1,6 @@
 #include "apps/tallowsync/items/ValueLimits.h"
 
+#include "apps/tallowsync/PlainText.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -47,6 +48,7 @@ std::string wordsOf(const NumberRange& range) {
 
 std::string faultOfText(std::string_view property, std::string_view text) {
     if (text.find('\0') != std::string_view::npos) return "holds a NUL character, at which Outlook's texts end";
+    if (!isUtf8(text)) return "is no valid UTF-8";
     const std::size_t longest = property == "Body" || property == "HTMLBody" ? kLongestBody : kLongestText;
     if (text.size() <= longest || characterCount(text) <= longest) return {};
     return "has more than " + std::to_string(longest) + " characters";

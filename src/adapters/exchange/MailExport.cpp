@@ -1,5 +1,7 @@
 #include "adapters/exchange/MailExport.h"
 
+#include "adapters/exchange/EncodedWords.h"
+#include "adapters/files/NewFile.h"
 #include "platform/Errors.h"
 
 #include <gmime/gmime.h>
@@ -7,7 +9,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -50,7 +51,8 @@ std::string onOneLine(std::string_view text) {
 std::string fileName(std::string_view name) {
     std::string safe = onOneLine(name);
     std::replace_if(
-        safe.begin(), safe.end(), [](char c) { return c == '/' || c == '\\'; }, '_');
+        safe.begin(), safe.end(), [](char c) { return c == '/' || c == '\\' || c == ':'; }, '_');
+    if (safe.find_first_not_of(". ") == std::string::npos) safe.insert(0, "_");
     return safe;
 }
 
@@ -63,27 +65,6 @@ std::string withLineFeeds(std::string_view text) {
         if (!isPair) lines += text[i] == '\r' ? '\n' : text[i];
     }
     return validUtf8(lines);
-}
-
-GMimeAddressType addressType(RecipientType type) {
-    switch (type) {
-        case RecipientType::cc: return GMIME_ADDRESS_TYPE_CC;
-        case RecipientType::bcc: return GMIME_ADDRESS_TYPE_BCC;
-        case RecipientType::to: break;
-    }
-    return GMIME_ADDRESS_TYPE_TO;
-}
-
-void addRecipient(GMimeMessage* message, const MailRecipient& recipient) {
-    const std::string name = onOneLine(recipient.name);
-    const std::string address = onOneLine(recipient.address);
-    if (!address.empty()) {
-        const bool isNamed = !name.empty() && name != address;
-        return g_mime_message_add_mailbox(message, addressType(recipient.type), isNamed ? name.c_str() : nullptr,
-                                          address.c_str());
-    }
-    const Owned<InternetAddress> nobody{internet_address_group_new(name.c_str())};
-    internet_address_list_add(g_mime_message_get_addresses(message, addressType(recipient.type)), nobody.get());
 }
 
 Owned<GMimePart> newPart(const char* type, const char* subtype, std::string_view content, GMimeContentEncoding encoding) {
@@ -120,6 +101,39 @@ void addParts(GMimeMessage* message, const Mail& mail) {
     g_mime_message_set_mime_part(message, GMIME_OBJECT(whole.get()));
 }
 
+struct AddressHeader {
+    RecipientType type;
+    const char* name;
+};
+
+constexpr std::array kAddressHeaders{AddressHeader{RecipientType::to, "To"}, AddressHeader{RecipientType::cc, "Cc"},
+                                     AddressHeader{RecipientType::bcc, "Bcc"}};
+
+/// One to a line.
+std::string addressList(const std::vector<MailRecipient>& recipients, RecipientType type) {
+    std::string list;
+    for (const MailRecipient& recipient : recipients) {
+        if (recipient.type != type) continue;
+        const std::string name = onOneLine(recipient.name);
+        const std::string address = onOneLine(recipient.address);
+        if (!list.empty()) list += ",\n ";
+        if (address.empty())
+            list += encodedPhrase(name) + " :;";
+        else if (name.empty() || name == address)
+            list += address;
+        else
+            list += encodedPhrase(name) + "\n <" + address + ">";
+    }
+    return list;
+}
+
+/// As it stands: GMime would leave alone what looks like an encoded word, and does not cut long ones.
+void setHeader(GMimeMessage* message, const char* name, const std::string& value) {
+    g_mime_object_set_header(GMIME_OBJECT(message), name, "", nullptr);
+    GMimeHeader* const header = g_mime_header_list_get_header(g_mime_object_get_header_list(GMIME_OBJECT(message)), name);
+    g_mime_header_set_raw_value(header, (" " + value + "\n").c_str());
+}
+
 /// With the difference from universal time that this machine has on that day.
 void setDate(GMimeMessage* message, Date date) {
     const CivilDate parts = civil(date);
@@ -133,72 +147,65 @@ Owned<GMimeMessage> messageOf(const Mail& mail) {
     Owned<GMimeMessage> message{g_mime_message_new(TRUE)};
     setDate(message.get(), mail.date);
     g_mime_message_set_message_id(message.get(), (mail.identifier + "@" + kHost).c_str());
-    g_mime_message_set_subject(message.get(), onOneLine(mail.subject).c_str(), "utf-8");
-    for (const MailRecipient& recipient : mail.recipients)
-        if (mail.isDraft || recipient.type != RecipientType::bcc) addRecipient(message.get(), recipient);
+    setHeader(message.get(), "Subject", encodedText(onOneLine(mail.subject)));
+    for (const AddressHeader& header : kAddressHeaders)
+        if (mail.isDraft || header.type != RecipientType::bcc)
+            if (const std::string list = addressList(mail.recipients, header.type); !list.empty())
+                setHeader(message.get(), header.name, list);
     if (mail.isDraft) g_mime_object_set_header(GMIME_OBJECT(message.get()), "X-Unsent", "1", nullptr);
     addParts(message.get(), mail);
     return message;
 }
 
-/// A new file that is gone again unless it is kept.
-class NewFile {
-public:
-    /// Opened for exclusive creation: what another program makes at this moment is not overwritten either.
-    explicit NewFile(const std::string& path) : path_(path), file_(std::fopen(path.c_str(), "wbx")) {
-        std::error_code error;
-        if (file_ == nullptr)
-            throw Failure{errno, named(std::filesystem::exists(path, error)
-                                           ? "exists already; name another one"
-                                           : "cannot be made; name one in a folder that can be written to")};
-    }
-    ~NewFile() {
-        if (file_ != nullptr) std::fclose(file_);
-        if (isKept_) return;
-        std::error_code error;
-        std::filesystem::remove(path_, error);
-    }
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
-
-    [[nodiscard]] std::FILE* handle() const { return file_; }
-    void keep() {
-        if (std::fclose(std::exchange(file_, nullptr)) != 0) fail();
-        isKept_ = true;
-    }
-    [[noreturn]] void fail() const { throw Failure{errno, named("cannot be written to the end")}; }
-
-private:
-    [[nodiscard]] std::string named(std::string_view fault) const { return "The file \"" + path_ + "\" " + std::string{fault}; }
-
-    std::string path_;
-    std::FILE* file_;
-    bool isKept_ = false;
-};
-
 /// Line feeds become the line ends of a message: what is in the parts is encoded, so that the change meets none of it.
-void writeMessage(GMimeMessage* message, const NewFile& file) {
-    const Owned<GMimeStream> stream{g_mime_stream_file_new(file.handle())};
-    g_mime_stream_file_set_owner(GMIME_STREAM_FILE(stream.get()), FALSE);
-    const Owned<GMimeStream> filtered{g_mime_stream_filter_new(stream.get())};
+bool writeMessage(GMimeMessage* message, const OpenFile& file) {
+    const Owned<GMimeStream> stream{g_mime_stream_fs_new(file.descriptor())};
+    g_mime_stream_fs_set_owner(GMIME_STREAM_FS(stream.get()), FALSE);
+    const Owned<GMimeStream> buffered{g_mime_stream_buffer_new(stream.get(), GMIME_STREAM_BUFFER_BLOCK_WRITE)};
+    const Owned<GMimeStream> filtered{g_mime_stream_filter_new(buffered.get())};
     const Owned<GMimeFilter> lineEnds{g_mime_filter_unix2dos_new(TRUE)};
     g_mime_stream_filter_add(GMIME_STREAM_FILTER(filtered.get()), lineEnds.get());
     GMimeFormatOptions* const options = g_mime_format_options_new();
     g_mime_format_options_set_param_encoding_method(options, GMIME_PARAM_ENCODING_METHOD_RFC2231);
     const auto written = g_mime_object_write_to_stream(GMIME_OBJECT(message), options, filtered.get());
     g_mime_format_options_free(options);
-    if (written < 0 || g_mime_stream_flush(filtered.get()) != 0) file.fail();
+    return written >= 0 && g_mime_stream_flush(filtered.get()) == 0 && g_mime_stream_flush(buffered.get()) == 0;
+}
+
+[[noreturn]] void fail(const std::string& path, std::string_view fault, int number) {
+    throw Failure{number, "The file \"" + path + "\" " + std::string{fault}};
+}
+
+[[noreturn]] void failAsTaken(const std::string& path) {
+    fail(path, "exists already; name another one", EEXIST);
+}
+
+NewFile newFile(const std::string& path) {
+    std::error_code error;
+    if (std::filesystem::exists(std::filesystem::symlink_status(path, error))) failAsTaken(path);
+    try {
+        return NewFile{path};
+    } catch (const FileFault& fault) {
+        fail(path, "cannot be made; name one in a folder that can be written to", fault.number());
+    }
 }
 
 }  // namespace
 
-void writeMailFile(const Mail& mail, const std::string& path) {
+void writeMailFile(const Mail& mail, const std::string& path, const std::function<void()>& beforeTheEnd) {
     static const bool isReady = (g_mime_init(), true);
     static_cast<void>(isReady);
     const auto message = messageOf(mail);
-    NewFile file{path};
-    writeMessage(message.get(), file);
-    file.keep();
+    NewFile aside = newFile(path);
+    bool isFree = false;
+    try {
+        if (!writeMessage(message.get(), aside.file())) failAsFile(errno);
+        beforeTheEnd();
+        isFree = aside.takeFreeName();
+    } catch (const FileFault& fault) {
+        fail(path, "cannot be written to the end", fault.number());
+    }
+    if (!isFree) failAsTaken(path);
 }
 
 }  // namespace wmoutlook::exchange

@@ -3,6 +3,7 @@
 #include "platform/Date.h"
 #include "platform/outlook/ObjectModel.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -35,8 +36,9 @@ struct Mail {
 /// draft and are left out of a mail that was sent, which others may read. A recipient without address is a group of nobody, with
 /// its name. What would break a line of the head becomes a blank.
 ///
-/// Throws Failure, one sentence that names the file; an existing file stays as it is, and nothing is left of a file that could not
-/// be written whole.
-void writeMailFile(const Mail& mail, const std::string& path);
+/// `beforeTheEnd` is called when all is written and may throw, and then there is no file. Throws Failure, one sentence that names the
+/// file; an existing file stays as it is, and no part of one is ever there.
+void writeMailFile(
+    const Mail& mail, const std::string& path, const std::function<void()>& beforeTheEnd = [] {});
 
 }  // namespace wmoutlook::exchange

@@ -1,8 +1,8 @@
 #include "adapters/headless/PrivateProfileFile.h"
 
+#include "adapters/files/SafeFile.h"
 #include "adapters/headless/AnsiText.h"
 #include "adapters/headless/ProfileText.h"
-#include "adapters/headless/SafeFile.h"
 #include "platform/Text.h"
 
 #include <algorithm>

@@ -122,6 +122,7 @@ std::size_t StoreItem::indexOf(std::string_view property) const {
 Variant StoreItem::get(std::string_view property) const {
     static_cast<void>(instance_->file());
     const std::size_t index = indexOf(property);
+    if (mail_) mail_->bringAddressLinesUpToDate();
     const PropertyRow& row = data_->table().rows()[index];
     if (row.name == "EntryID") return entryID();
     if (row.name == "Class") return static_cast<std::int32_t>(classOf(head_.type));
@@ -216,7 +217,7 @@ std::shared_ptr<outlook::port::Attachments> StoreItem::attachments() {
 void StoreItem::display(bool) {
     static_cast<void>(instance_->file());
     if (isDeleted_) failAsGone();
-    if (mail_ && !mail_->isSubmitted()) save();
+    if (mail_ && mail_->isDraftStill(head_.number)) save();
 }
 
 void StoreItem::send() {

@@ -1,5 +1,6 @@
 #include "adapters/outlookstore/StoreMail.h"
 
+#include "adapters/files/OpenFile.h"
 #include "adapters/outlookstore/StoreMailAddress.h"
 #include "platform/Errors.h"
 #include "platform/Text.h"
@@ -7,9 +8,9 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <fstream>
+#include <numeric>
 #include <optional>
-#include <system_error>
+#include <utility>
 
 namespace wmoutlook::outlookstore {
 
@@ -50,35 +51,30 @@ std::optional<std::int64_t> folderOfDraft(StoreFile& file, std::int64_t item) {
     throw OutlookError{-1, std::string{"An attachment cannot be added: "}.append(fault)};
 }
 
-/// What is no regular file is never opened: reading a pipe would wait for somebody to write into it.
-void requireAttachable(const std::filesystem::path& path) {
-    std::error_code error;
-    const auto type = std::filesystem::status(path, error).type();
-    if (type == std::filesystem::file_type::not_found) failAsAttachment("there is no such file");
-    if (type == std::filesystem::file_type::directory) failAsAttachment("it is a folder");
-    if (type != std::filesystem::file_type::regular) failAsAttachment("it is no regular file that can be read");
-}
-
-[[noreturn]] void failAsTooLarge() {
-    failAsAttachment("it is larger than " + std::to_string(kLargestAttachment / 1024 / 1024) + " MB");
-}
-
-/// Read no further than the limit, whatever becomes of the file meanwhile.
-std::string readFile(const std::filesystem::path& path) {
-    requireAttachable(path);
-    std::error_code error;
-    const auto size = std::filesystem::file_size(path, error);
-    if (!error && size > static_cast<std::uintmax_t>(kLargestAttachment)) failAsTooLarge();
-    std::ifstream file{path, std::ios::binary};
-    std::string bytes;
-    if (!error) bytes.reserve(static_cast<std::size_t>(size));
-    std::array<char, 65536> part{};
-    while (file.read(part.data(), part.size()) || file.gcount() > 0) {
-        bytes.append(part.data(), static_cast<std::size_t>(file.gcount()));
-        if (bytes.size() > static_cast<std::size_t>(kLargestAttachment)) failAsTooLarge();
+std::string readFile(const std::string& path, std::int64_t most) {
+    try {
+        const auto file = openRegularFile(path);
+        if (!file) failAsAttachment("there is no such file");
+        return readAll(*file, static_cast<std::size_t>(most));
+    } catch (const FileFault& fault) {
+        if (fault.number() == EFBIG)
+            failAsAttachment("all attachments of a mail together may have " + std::to_string(kMostAttached / 1024 / 1024) +
+                             " MB");
+        if (fault.number() == EISDIR) failAsAttachment("it is a folder");
+        failAsAttachment(fault.number() == ENODEV ? "it is no regular file" : "it cannot be read");
     }
-    if (!file.eof()) failAsAttachment("it cannot be read");
-    return bytes;
+}
+
+/// As it may be shown: the name of a file can hold anything.
+std::string shownName(std::string_view name) {
+    std::string shown;
+    while (!name.empty()) {
+        const std::string_view character = firstCharacters(name, 1);
+        name.remove_prefix(character.size());
+        const bool isLoneByte = character.size() == 1 && static_cast<unsigned char>(character[0]) >= 0x80;
+        shown += isLoneByte ? "?" : hasControlCharacter(character) ? " " : character;
+    }
+    return shown;
 }
 
 std::string textOf(const std::filesystem::path& path) {
@@ -99,6 +95,12 @@ bool MailParts::isSubmitted() const {
     return isSubmittedIn(*data_);
 }
 
+bool MailParts::isDraftStill(std::int64_t item) const {
+    std::int64_t store = 0;
+    const auto saved = item == 0 ? std::nullopt : file().items().load(item, store);
+    return !isSubmitted() && (!saved || !isSubmittedIn(saved->data));
+}
+
 void MailParts::requireDraft() const {
     static_cast<void>(file());
     if (isSubmitted()) failAsSent();
@@ -117,7 +119,7 @@ void MailParts::addRecipient(std::string_view name) {
     if (hasControlCharacter(name))
         throw OutlookError{-1, "A recipient's name cannot hold a line break or another control character"};
     recipients_.push_back({std::string{name}, {}, RecipientType::to});
-    follow();
+    areLinesStale_ = true;
 }
 
 void MailParts::setRecipientType(std::size_t index, RecipientType type) {
@@ -126,7 +128,7 @@ void MailParts::setRecipientType(std::size_t index, RecipientType type) {
     if (std::none_of(kAddressLines.begin(), kAddressLines.end(), isIt))
         throw OutlookError{-1, "There is no such type of recipient"};
     recipients_[index].type = type;
-    follow();
+    areLinesStale_ = true;
 }
 
 bool MailParts::resolveRecipient(std::size_t index) {
@@ -138,7 +140,7 @@ bool MailParts::resolveRecipient(std::size_t index) {
     if (!found) return false;
     recipient.name = std::move(found->name);
     recipient.address = std::move(found->address);
-    follow();
+    areLinesStale_ = true;
     return true;
 }
 
@@ -154,7 +156,8 @@ void MailParts::requireAddresses() {
 }
 
 /// As Outlook shows them: the names, in order.
-void MailParts::follow() {
+void MailParts::bringAddressLinesUpToDate() const {
+    if (!std::exchange(areLinesStale_, false)) return;
     for (const AddressLine& line : kAddressLines) {
         std::string names;
         for (const RecipientRow& recipient : recipients_)
@@ -168,9 +171,12 @@ void MailParts::addAttachment(std::string_view path) {
     if (path.find('\0') != std::string_view::npos)
         failAsAttachment("there is no such file");  // nor the one that a cut path names
     const std::filesystem::path file{std::u8string{path.begin(), path.end()}};
-    auto content = std::make_shared<const std::string>(readFile(file));
+    const std::int64_t before = std::accumulate(attachments_.begin(), attachments_.end(), std::int64_t{0},
+                                                [](std::int64_t sum, const AttachmentRow& row) { return sum + row.size; });
+    auto content =
+        std::make_shared<const std::string>(readFile(file.string(), std::max<std::int64_t>(kMostAttached - before, 0)));
     const std::string name = textOf(file.filename());
-    attachments_.push_back({0, name, name, static_cast<std::int64_t>(content->size()), std::move(content)});
+    attachments_.push_back({0, name, shownName(name), static_cast<std::int64_t>(content->size()), std::move(content)});
 }
 
 void MailParts::setDisplayName(std::size_t index, std::string_view name) {
@@ -203,10 +209,12 @@ bool MailParts::write(ItemHead& head, const ItemData& data, bool keysChanged) {
 
 bool MailParts::save(ItemHead& head, bool keysChanged) {
     requireDraft();
+    bringAddressLinesUpToDate();
     return write(head, *data_, keysChanged);
 }
 
 bool MailParts::submit(ItemHead& head, std::int64_t store) {
+    bringAddressLinesUpToDate();
     ItemData sent = *data_;
     sent.set(indexOf(sent, "Submitted"), Variant{true});
     sent.set(indexOf(sent, "SentOn"), Variant{file().now()});

@@ -13,16 +13,18 @@
 
 namespace wmoutlook::outlookstore {
 
-inline constexpr std::int64_t kLargestAttachment = std::int64_t{150} * 1024 * 1024;  ///< in bytes
+inline constexpr std::int64_t kMostAttached = std::int64_t{150} * 1024 * 1024;  ///< of all attachments of a mail, in bytes
 
 /// The recipients and attachments of a mail in memory, shared with the objects that were handed out. To, CC and BCC of its data
-/// follow the recipients.
+/// follow the recipients, when they are asked for.
 class MailParts {
 public:
     MailParts(std::shared_ptr<Instance> instance, std::shared_ptr<ItemData> data, std::int64_t item);
 
     [[nodiscard]] StoreFile& file() const { return instance_->file(); }
     [[nodiscard]] bool isSubmitted() const;
+    /// Another handle may have sent it.
+    [[nodiscard]] bool isDraftStill(std::int64_t item) const;
     /// Throws OutlookError once the mail has been sent.
     void requireDraft() const;
     /// Throws OutlookError when To, CC or BCC cannot be written, since they tell what recipients there are.
@@ -34,6 +36,9 @@ public:
     bool resolveRecipient(std::size_t index);
     /// Throws OutlookError, which names nobody, unless there is a recipient and all of them are resolved.
     void requireAddresses();
+
+    /// To be called before the mail's data are looked at.
+    void bringAddressLinesUpToDate() const;
 
     [[nodiscard]] const std::vector<AttachmentRow>& attachments() const { return attachments_; }
     void addAttachment(std::string_view path);
@@ -47,12 +52,12 @@ public:
     bool submit(ItemHead& head, std::int64_t store);
 
 private:
-    void follow();
     bool write(ItemHead& head, const ItemData& data, bool keysChanged);
 
     std::shared_ptr<Instance> instance_;
     std::shared_ptr<ItemData> data_;
     std::vector<RecipientRow> recipients_;
+    mutable bool areLinesStale_ = false;
     std::vector<AttachmentRow> attachments_;
 };
 

@@ -112,7 +112,9 @@ bool hasControlCharacter(std::string_view text) {
 bool isMailAddress(std::string_view text) {
     const std::size_t at = text.find('@');
     if (at == std::string_view::npos || at == 0 || at > kLongestLocalPart || text.size() > kLongestAddress) return false;
-    return consistsOf(text.substr(0, at), kLetters, kMoreInLocalPart) && isHostName(text.substr(at + 1));
+    const std::string_view local = text.substr(0, at);
+    const bool hasStrayDot = local.starts_with('.') || local.ends_with('.') || local.find("..") != std::string_view::npos;
+    return !hasStrayDot && consistsOf(local, kLetters, kMoreInLocalPart) && isHostName(text.substr(at + 1));
 }
 
 std::optional<MailAddress> resolveRecipient(StoreFile& file, std::string_view text) {

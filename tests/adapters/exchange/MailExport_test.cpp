@@ -10,6 +10,11 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
+#include <vector>
+
+#include <sys/resource.h>
+#include <csignal>
 
 namespace wmoutlook::testing {
 namespace {
@@ -27,9 +32,30 @@ protected:
     }
     /// The file as a mail program reads it, one fact a line.
     [[nodiscard]] std::string read();
+    /// The subject, and the names of the first To and the first Cc.
+    [[nodiscard]] std::vector<std::string> headTexts();
 
     TemporaryWorkingFolder folder;
     Mail mail{"00ABC", "Return", "Attached.", *makeDate({2026, 11, 22, 9, 0, 0}), false, {}, {}};
+};
+
+/// A file as a mail program opens it.
+class Message {
+public:
+    explicit Message(const std::string& path) {
+        GMimeStream* const stream = g_mime_stream_fs_open(path.c_str(), 0, 0, nullptr);
+        GMimeParser* const parser = g_mime_parser_new_with_stream(stream);
+        message_ = g_mime_parser_construct_message(parser, nullptr);
+        g_object_unref(parser);
+        g_object_unref(stream);
+    }
+    ~Message() { g_object_unref(message_); }
+    Message(const Message&) = delete;
+    Message& operator=(const Message&) = delete;
+    [[nodiscard]] GMimeMessage* get() const { return message_; }
+
+private:
+    GMimeMessage* message_;
 };
 
 /// Of a text the lines, which end as a message's lines do.
@@ -50,10 +76,18 @@ std::string addressesOf(GMimeMessage* message, GMimeAddressType type) {
     return addresses;
 }
 
+std::vector<std::string> MailFile::headTexts() {
+    const Message message{path()};
+    std::vector<std::string> texts{g_mime_message_get_subject(message.get())};
+    for (const GMimeAddressType type : {GMIME_ADDRESS_TYPE_TO, GMIME_ADDRESS_TYPE_CC})
+        texts.emplace_back(
+            internet_address_get_name(internet_address_list_get_address(g_mime_message_get_addresses(message.get(), type), 0)));
+    return texts;
+}
+
 std::string MailFile::read() {
-    GMimeStream* const stream = g_mime_stream_fs_open(path().c_str(), 0, 0, nullptr);
-    GMimeParser* const parser = g_mime_parser_new_with_stream(stream);
-    GMimeMessage* const message = g_mime_parser_construct_message(parser, nullptr);
+    const Message parsed{path()};
+    GMimeMessage* const message = parsed.get();
     std::string facts = std::string{g_mime_message_get_subject(message)} + "\n" + addressesOf(message, GMIME_ADDRESS_TYPE_TO) +
                         "\n" + addressesOf(message, GMIME_ADDRESS_TYPE_CC) + "\n" + addressesOf(message, GMIME_ADDRESS_TYPE_BCC) +
                         "\n";
@@ -66,9 +100,6 @@ std::string MailFile::read() {
                 (name != nullptr ? name : "body") + std::string{": "} + contentOf(GMIME_PART(part)) + "\n";
         },
         &facts);
-    g_object_unref(message);
-    g_object_unref(parser);
-    g_object_unref(stream);
     return facts;
 }
 
@@ -117,6 +148,27 @@ TEST_F(MailFile, HeadTakesNoLineFromWhatIsWrittenIntoIt) {
     EXPECT_EQ(read().find('\xFF'), std::string::npos);
 }
 
+TEST_F(MailFile, HeadIsReadAsItWasWritten) {
+    const std::string manyAccents = [] {
+        std::string text;
+        for (int i = 0; i < 1500; ++i) text += "é";
+        return text;
+    }();
+    for (const std::string& text :
+         {std::string{"=?utf-8?Q?Hi=0D=0ABcc:_x=40y.ca?="}, std::string{"=?utf-8?B?SGk=?= trick"}, manyAccents,
+          std::string{"The return of last year, with two  blanks and the notes that the accountant has asked for in the spring"},
+          std::string(300, 'x'), std::string{"O'Brien (\"Bob\"), a\\b; c"}, std::string{"日本語 été"}}) {
+        SCOPED_TRACE(text);
+        std::filesystem::remove(path());
+        mail.subject = text;
+        mail.recipients = {{RecipientType::to, text, "a@example.ca"}, {RecipientType::cc, text, ""}};
+        exchange::writeMailFile(mail, path());
+        EXPECT_EQ(headTexts(), (std::vector<std::string>{text, text, text}));
+        std::istringstream lines{bytes()};
+        for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 77U) << line;
+    }
+}
+
 TEST_F(MailFile, NoFileIsOverwrittenAndNoneIsLeftHalf) {
     std::ofstream{path()} << "mine";
     const auto messageOfWriting = [&](const std::string& to) {
@@ -132,6 +184,20 @@ TEST_F(MailFile, NoFileIsOverwrittenAndNoneIsLeftHalf) {
     const std::string nowhere = folder.workingFolderPath() + "/none/mail.eml";
     EXPECT_EQ(messageOfWriting(nowhere),
               "The file \"" + nowhere + "\" cannot be made; name one in a folder that can be written to");
+
+    const std::string fresh = folder.workingFolderPath() + "/fresh.eml";
+    mail.attachments = {{"big", std::string(300'000, 'x')}};
+    const rlimit small{100'000, RLIM_INFINITY};
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
+    const std::string message = messageOfWriting(fresh);
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_EQ(message, "The file \"" + fresh + "\" cannot be written to the end");
+    EXPECT_THROW(exchange::writeMailFile(mail, fresh, [] { throw std::runtime_error{"stopped"}; }), std::runtime_error);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator{folder.workingFolderPath()}, {}), 1);
 }
 
 }  // namespace

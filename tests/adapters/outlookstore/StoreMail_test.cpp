@@ -153,11 +153,16 @@ TEST_F(StoreMail, WhatCannotBeIsRefusedWithoutTheName) {
     for (const Case& c :
          {Case{"", "no such file"}, Case{folder.file("none.pdf"), "no such file"}, Case{folder.file("sub"), "a folder"},
           Case{folder.file("dangling"), "no such file"}, Case{"/dev/zero", "no regular file"},
-          Case{written("a.pdf", "x") + std::string{"\0b", 2}, "no such file"}, Case{folder.file("huge"), "larger than 150 MB"}}) {
+          Case{written("a.pdf", "x") + std::string{"\0b", 2}, "no such file"},
+          Case{folder.file("huge"), "together may have 150 MB"}}) {
         const std::string message = messageOf([&] { mail->attachments()->add(c.attached); });
         EXPECT_NE(message.find(c.said), std::string::npos) << c.attached << ": " << message;
     }
     EXPECT_EQ(mail->attachments()->count(), 0);
+    std::filesystem::resize_file(folder.file("huge"), 100U * 1024 * 1024);
+    mail->attachments()->add(folder.file("huge"));
+    EXPECT_NE(messageOf([&] { mail->attachments()->add(folder.file("huge")); }), "") << "more than 150 MB together";
+    EXPECT_EQ(mail->attachments()->count(), 1);
     EXPECT_NE(messageOf([&] { static_cast<void>(session.contacts->items()->add(std::nullopt)->recipients()); }), "");
     EXPECT_EQ(count(session, DefaultFolder::drafts) + count(session, DefaultFolder::outbox), 0);
 }

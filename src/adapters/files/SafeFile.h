@@ -1,21 +1,12 @@
 #pragma once
 
+#include "adapters/files/OpenFile.h"
+
 #include <functional>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 namespace wmoutlook {
-
-/// A file that could not be read or replaced: the end of a sentence about it, and the system's number.
-class FileFault : public std::runtime_error {
-public:
-    FileFault(int number, const std::string& what) : std::runtime_error(what), number_(number) {}
-    [[nodiscard]] int number() const { return number_; }
-
-private:
-    int number_;
-};
 
 /// All bytes; nothing when there is no file. Throws FileFault, also for what is no regular file.
 [[nodiscard]] std::optional<std::string> readWholeFile(const std::string& path);
