@@ -2,7 +2,6 @@
 
 #include "platform/Services.h"
 
-#include <algorithm>
 #include <array>
 
 namespace wmoutlook::merge {
@@ -69,7 +68,7 @@ std::string_view safetyBoard(const ListTerms& terms) {
 constexpr FieldRow kAppointmentRows[] = {
     FieldRow{"Subject", "Appointment Name", Shape::name},        FieldRow{"DateFrom", "Appointment Date", Shape::date},
     FieldRow{"TimeFrom", "Appointment Start Time", Shape::time}, FieldRow{"TimeTo", "Appointment End Time", Shape::time},
-    FieldRow{"TimeDuration", "Time Duration", Shape::text},      FieldRow{"AppointmentText", "Appointment Text", Shape::notes},
+    FieldRow{"TimeDuration", "Time Duration", Shape::duration},  FieldRow{"AppointmentText", "Appointment Text", Shape::notes},
 };
 
 constexpr FieldRow kTaskScheduleRows[] = {
@@ -88,9 +87,9 @@ constexpr FieldRow kTaskScheduleRows[] = {
 
 // "Task Calendar Date" stands in both lists of a task: the first one is found by its name.
 constexpr FieldRow kTaskCalendarRows[] = {
-    FieldRow{"Subject", "Task Subject", Shape::name},       FieldRow{"DateFrom", "Task Calendar Date", Shape::date},
-    FieldRow{"TimeFrom", "Task Start Time", Shape::time},   FieldRow{"TimeTo", "Task End Time", Shape::time},
-    FieldRow{"TimeDuration", "Time Duration", Shape::text}, FieldRow{"AppointmentText", "Task Text", Shape::notes},
+    FieldRow{"Subject", "Task Subject", Shape::name},           FieldRow{"DateFrom", "Task Calendar Date", Shape::date},
+    FieldRow{"TimeFrom", "Task Start Time", Shape::time},       FieldRow{"TimeTo", "Task End Time", Shape::time},
+    FieldRow{"TimeDuration", "Time Duration", Shape::duration}, FieldRow{"AppointmentText", "Task Text", Shape::notes},
 };
 
 constexpr FieldRow kDocketRows[] = {
@@ -98,7 +97,7 @@ constexpr FieldRow kDocketRows[] = {
     FieldRow{"DateFrom", "Time Entry Date", Shape::date},
     FieldRow{"TimeFrom", "Time Entry Start Time", Shape::time},
     FieldRow{"TimeTo", "Time Entry End Time", Shape::time},
-    FieldRow{"TimeDuration", "Time Duration", Shape::text},
+    FieldRow{"TimeDuration", "Time Duration", Shape::duration},
     FieldRow{"AppointmentText", "Time Entry Text", Shape::notes},
     FieldRow{"DocketLocked", "Time Entry Locked", Shape::truth},
     FieldRow{"Invoiced", "Is Invoiced", Shape::truth},
@@ -144,11 +143,11 @@ constexpr FieldRow kCompanyRows[] = {
              .where = Where::canada,
              .lines = Lines::single},
     FieldRow{.databaseField = "PostalCode", .displayName = "Postal Code", .shape = Shape::postalCode, .where = Where::canada},
-    FieldRow{"Country", "Country", Shape::province},
+    FieldRow{"Country", "Country", Shape::country},
     FieldRow{"OfficeNumber", "Office Number", Shape::phone},
     FieldRow{"AltPhoneNumber", "Alternate Phone Number", Shape::phone},
     FieldRow{"FaxNumber", "Fax Number", Shape::phone},
-    FieldRow{"Email", "Email", Shape::webAddress},
+    FieldRow{"Email", "Email", Shape::email},
     FieldRow{"WebSite", "Web Site", Shape::webAddress},
     FieldRow{"FaceBookURL", "Company FaceBook URL", Shape::webAddress},
     FieldRow{"TwitterAccount", "Company Twitter Account", Shape::webAddress},
@@ -192,7 +191,7 @@ constexpr FieldRow kCompanyRows[] = {
              .displayName = "Company Alternate Postal Code",
              .shape = Shape::postalCode,
              .where = Where::canada},
-    FieldRow{"AltCountry", "Company Alternate Country", Shape::province},
+    FieldRow{"AltCountry", "Company Alternate Country", Shape::country},
 };
 
 constexpr FieldRow kContactNameRows[] = {
@@ -210,7 +209,7 @@ constexpr FieldRow kContactNameRows[] = {
     FieldRow{"NameSuffix", "Contact Name Suffix", Shape::namePart},
 };
 
-// The sixth of the Canadian numbers keeps its field whatever the province.
+// ONCorpNumber holds the corporate tax number of whichever province.
 constexpr FieldRow kClientRows[] = {
     FieldRow{.databaseField = "EIN",
              .displayName = "Federal Employer Identification Number",
@@ -402,9 +401,9 @@ constexpr FieldRow kMoreContactRows[] = {
              .displayName = "Contact Business Postal Code",
              .shape = Shape::postalCode,
              .where = Where::canada},
-    FieldRow{"BusinessCountry", "Contact Business Country", Shape::province},
+    FieldRow{"BusinessCountry", "Contact Business Country", Shape::country},
     FieldRow{"BusinessWebSite", "Contact Business Web Site", Shape::webAddress},
-    FieldRow{"BusinessEmail", "Contact Business Email", Shape::webAddress},
+    FieldRow{"BusinessEmail", "Contact Business Email", Shape::email},
     FieldRow{"BusinessFaceBookURL", "Contact Business FaceBook URL", Shape::webAddress},
     FieldRow{"BusinessTwitterAccount", "Contact Business Twitter Account", Shape::webAddress},
     FieldRow{"HomePhone_Main", "Contact Personal Phone", Shape::phone},
@@ -412,7 +411,7 @@ constexpr FieldRow kMoreContactRows[] = {
     FieldRow{"HomePhone_Pager", "Contact Personal Pager", Shape::phone},
     FieldRow{"HomePhone_Fax", "Contact Personal Fax", Shape::phone},
     FieldRow{"PersonalWebSite", "Contact Personal Web Site", Shape::webAddress},
-    FieldRow{"PersonalEmail", "Contact Personal Email", Shape::webAddress},
+    FieldRow{"PersonalEmail", "Contact Personal Email", Shape::email},
     FieldRow{"PersonalFaceBookURL", "Contact Personal FaceBook URL", Shape::webAddress},
     FieldRow{"PersonalTwitterAccount", "Contact Personal Twitter Account", Shape::webAddress},
     FieldRow{
@@ -445,7 +444,7 @@ constexpr FieldRow kMoreContactRows[] = {
              .displayName = "Contact Home Postal Code",
              .shape = Shape::postalCode,
              .where = Where::canada},
-    FieldRow{"HomeCountry", "Contact Home Country", Shape::province},
+    FieldRow{"HomeCountry", "Contact Home Country", Shape::country},
     FieldRow{"Children", "Contact Children", Shape::text},
     FieldRow{"Gender", "Contact Gender", Shape::text},
     FieldRow{"Birthday", "Contact Birthday", Shape::date},
@@ -458,7 +457,7 @@ constexpr FieldRow kMoreContactRows[] = {
     FieldRow{"SpouseLastName", "Spouse Last Name", Shape::namePart},
     FieldRow{"SpouseNameSuffix", "Spouse Name Suffix", Shape::namePart},
     FieldRow{"SpouseName", "Spouse Display Name", Shape::name},
-    FieldRow{"SpouseEmail", "Spouse Personal Email", Shape::webAddress},
+    FieldRow{"SpouseEmail", "Spouse Personal Email", Shape::email},
     FieldRow{"SpousePhone_Main", "Spouse Home Phone", Shape::phone},
     FieldRow{"SpousePhone_Cell", "Spouse Personal Cell", Shape::phone},
     FieldRow{
@@ -497,7 +496,7 @@ constexpr FieldRow kMoreContactRows[] = {
              .displayName = "Spouse Home Postal Code",
              .shape = Shape::postalCode,
              .where = Where::canada},
-    FieldRow{"SpouseCountry", "Spouse Home Country", Shape::province},
+    FieldRow{"SpouseCountry", "Spouse Home Country", Shape::country},
     FieldRow{"SpouseGender", "Spouse Gender", Shape::text},
     // A text on purpose, although it holds a date: it is no date expression.
     FieldRow{"SpouseBirthday", "Spouse Birthday", Shape::text},
@@ -541,7 +540,7 @@ constexpr FieldRow kMoreContactRows[] = {
              .displayName = "Contact Alternate Postal Code",
              .shape = Shape::postalCode,
              .where = Where::canada},
-    FieldRow{"AltCountry", "Contact Alternate Country", Shape::province},
+    FieldRow{"AltCountry", "Contact Alternate Country", Shape::country},
 };
 
 constexpr FieldRow kFirmRows[] = {
@@ -557,10 +556,10 @@ constexpr FieldRow kFirmRows[] = {
     FieldRow{.databaseField = "Province", .displayName = "Your Province", .shape = Shape::province, .where = Where::canada},
     FieldRow{
         .databaseField = "PostalCode", .displayName = "Your Postal Code", .shape = Shape::postalCode, .where = Where::canada},
-    FieldRow{"Country", "Your Country", Shape::province},
+    FieldRow{"Country", "Your Country", Shape::country},
     FieldRow{"OfficeNumber", "Your Office Number", Shape::phone},
     FieldRow{"FaxNumber", "Your Fax Number", Shape::phone},
-    FieldRow{"Email", "Your Email", Shape::webAddress},
+    FieldRow{"Email", "Your Email", Shape::email},
     FieldRow{"WebSite", "Your Web Site", Shape::webAddress},
 };
 
@@ -576,9 +575,11 @@ constexpr std::array kShapes{
     ShapeRow{Shape::namePart, DataType::text, 100, "Anne"},
     ShapeRow{Shape::address, DataType::text, 255, "12 Main Street"},
     ShapeRow{Shape::webAddress, DataType::text, 255, "www.example.ca"},
+    ShapeRow{Shape::email, DataType::text, 255, "office@example.ca"},
     ShapeRow{Shape::phone, DataType::text, 50, "(555) 555-0100"},
     ShapeRow{Shape::city, DataType::text, 50, "Springfield"},
     ShapeRow{Shape::province, DataType::text, 50, "Ontario"},
+    ShapeRow{Shape::country, DataType::text, 50, "Canada"},
     ShapeRow{Shape::postalCode, DataType::text, 50, "K1A 0B1"},
     ShapeRow{Shape::number, DataType::text, 50, "12345"},
     ShapeRow{Shape::text, DataType::text, 255, "Text"},
@@ -587,6 +588,7 @@ constexpr std::array kShapes{
     ShapeRow{Shape::money, DataType::money, -1, "$1,234.00"},
     ShapeRow{Shape::truth, DataType::boolean, -1, "Yes"},
     ShapeRow{Shape::minutes, DataType::minutes, -1, "1 hr 30 min"},
+    ShapeRow{Shape::duration, DataType::text, 255, "1 hr 30 min"},
     ShapeRow{Shape::notes, DataType::text, -1, "Notes"},
 };
 static_assert(std::size(kShapes) == static_cast<std::size_t>(Shape::notes) + 1);

@@ -24,9 +24,11 @@ enum class Shape {
     namePart,
     address,
     webAddress,
+    email,
     phone,
     city,
     province,
+    country,
     postalCode,
     number,
     text,
@@ -35,6 +37,7 @@ enum class Shape {
     money,
     truth,
     minutes,
+    duration,
     notes,
 };
 
@@ -89,8 +92,9 @@ inline constexpr CustomRows kCustomDocketRows{"CustomFields", "DocketCustomName"
                                               kFifthCustomName};
 inline constexpr CustomRows kCustomFirmRows{"CustomAddressFields", "CompanyLabel", "Your Company Custom Field ", "FirmCustom"};
 
-/// The row as a field of a list with these terms; an empty name when it does not stand there.
+/// Whether the row stands in a list with these terms.
 [[nodiscard]] bool standsIn(const FieldRow& row, const ListTerms& terms);
+/// The row as a field of such a list.
 [[nodiscard]] Field fieldOf(const FieldRow& row, SourceKind source, const ListTerms& terms);
 
 }  // namespace wmoutlook::merge

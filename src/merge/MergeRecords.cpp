@@ -123,6 +123,7 @@ void MergeRecords::open(SourceKind source, std::string_view sql, LockCode lock) 
     auto& recordset = recordsets_[static_cast<std::size_t>(source)];
     close(recordset);
     recordset.emplace(sql, lock);
+    if (recordset->handle() == kNoRecordset) recordset.reset();  // so that the next field tries again
 }
 
 void MergeRecords::openIfClosed(SourceKind source, std::int32_t id, Extent extent, LockCode lock) {
@@ -138,7 +139,8 @@ void MergeRecords::openIfClosed(SourceKind source, std::int32_t id, Extent exten
 /// A task that hangs on no schedule entry is read alone.
 void MergeRecords::openTask(std::int32_t taskID, LockCode lock) {
     open(SourceKind::task, oneRecord(SourceKind::task, taskID), lock);
-    if (of(SourceKind::task)->hasRowsIfTold() == false)
+    const Recordset* const task = of(SourceKind::task);
+    if (task != nullptr && task->hasRowsIfTold() == false)
         open(SourceKind::task, taskAlone() + " WHERE Tasks.TaskID=" + toText(taskID) + ";", lock);
 }
 
@@ -172,7 +174,10 @@ void MergeRecords::close(SourceKind source) {
 }
 
 void MergeRecords::closeAll() {
-    for (auto& recordset : recordsets_) close(recordset);
+    for (const SourceKind source :
+         {SourceKind::client, SourceKind::company, SourceKind::companyNotes, SourceKind::contact, SourceKind::contactNotes,
+          SourceKind::software, SourceKind::appointment, SourceKind::docket, SourceKind::task, SourceKind::firm})
+        close(source);
     close(employee_);
 }
 

@@ -98,7 +98,7 @@ std::string clsInsertFieldsInRTB::createDisplayTextByID() {
         initializeDataRecordsetsForSingleDocMerge();
         TemplateText = wanted;
         text = parseRTBComment();
-        text = withTextsAround(source->source, std::move(text));
+        text = withTextsAround(source->source, text);
     });
     return text;
 }

@@ -2,6 +2,7 @@
 
 #include "hostdata/HostServices.h"
 #include "merge/FieldListBuilder.h"
+#include "platform/Errors.h"
 #include "platform/Routine.h"
 
 #include <charconv>
@@ -38,15 +39,16 @@ merge::ListTerms clsInsertFieldsInRTB::listTerms() const {
 void clsInsertFieldsInRTB::createDefaultFieldListStructure(bool& skipList, bool& clearList) {
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-createDefaultFieldListStructure"};
     routine.run([&] {
-        skipList = ListBox == nullptr;
+        const auto box = ListBox;
+        skipList = box == nullptr;
         fields_.clear();
-        if (!skipList && clearList) statement([&] { ListBox->Clear(); });
+        if (!skipList && clearList) statement([&] { box->Clear(); });
         const merge::ListTerms terms = listTerms();
-        FieldListBuilder builder{fields_, ListBox, terms, ShowListCategoryHeaders};
+        FieldListBuilder builder{fields_, box, terms, ShowListCategoryHeaders};
         if (terms.hasWholeLines) builder.show("Not Assigned");
         addGroups(builder);
         if (!skipList) {
-            statement([&] { ListBox->Refresh(); });
+            statement([&] { box->Refresh(); });
             yieldTwice();
         }
         bool skipFirmList = skipList;
@@ -129,10 +131,11 @@ void clsInsertFieldsInRTB::createCompanyInfoFieldListStructure(FieldListBuilder&
 void clsInsertFieldsInRTB::createAccountantFieldListStructure(bool& skipList, bool& clearList) {
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-createAccountantFieldListStructure"};
     routine.run([&] {
-        skipList = ListBox2 == nullptr;
-        if (!skipList && clearList) statement([&] { ListBox2->Clear(); });
+        const auto box = ListBox2;
+        skipList = box == nullptr;
+        if (!skipList && clearList) statement([&] { box->Clear(); });
         const merge::ListTerms terms = listTerms();
-        FieldListBuilder builder{fields_, ListBox2, terms, false};
+        FieldListBuilder builder{fields_, box, terms, false};
         builder.show("Insert your Letterhead");
         builder.rows(merge::firmRows(), SourceKind::firm);
         builder.customRows(merge::kCustomFirmRows, SourceKind::firm);
@@ -166,9 +169,12 @@ std::string clsInsertFieldsInRTB::parseListItem(std::int32_t listIndex, bool wit
 bool clsInsertFieldsInRTB::insertIntoBox(std::string_view text) const {
     constexpr std::int32_t kUnknownPlace = 1;
     const auto box = RTB;
-    if (!box || text.empty()) return false;
-    const Variant start = statement([&] { return box->SelStart(); });
+    const Variant start = statement([&] {
+        if (!box) throw ObjectNotSet{"RTB"};
+        return box->SelStart();
+    });
     const std::int32_t position = quietly([&] { return std::optional{start.toInteger()}; }).value_or(kUnknownPlace);
+    if (!box || text.empty()) return false;
     return statement([&] { return box->insertText(text, position); });
 }
 

@@ -16,7 +16,7 @@ constexpr std::int16_t kColumns = 5;
 // What a kind column holds.
 
 constexpr std::int32_t kClientRepeater = 1;
-constexpr std::int32_t kTaskTypeRepeater = 2;
+constexpr std::int32_t kTypeRepeater = 2;  ///< by the type of task, or of project
 constexpr std::int32_t kLookup = 3;
 
 /// A table with custom columns and the columns that name the client of a row.
@@ -58,15 +58,17 @@ bool clsLookupFields::canWork() const {
     return identifier && *identifier != kLeftOutDataFile;
 }
 
+bool clsLookupFields::hasKind(std::int32_t kind) const {
+    if (!canWork()) return false;
+    const std::string column = std::string{tableOf(LookUpFieldsType)->kindColumn} + std::to_string(customNumber);
+    const Recordset settings{"SELECT CustomFields." + column + " FROM CustomFields;"};
+    return settings.hasRows() && settings.number(column, kNoRecord) == kind;
+}
+
 bool clsLookupFields::isOfKind(std::string_view errorTag, std::int32_t kind) const {
     bool isIt = false;
     Routine routine{errorTag};
-    routine.run([&] {
-        if (!canWork()) return;
-        const std::string column = std::string{tableOf(LookUpFieldsType)->kindColumn} + std::to_string(customNumber);
-        const Recordset settings{"SELECT CustomFields." + column + " FROM CustomFields;"};
-        isIt = settings.hasRows() && settings.number(column, kNoRecord) == kind;
-    });
+    routine.run([&] { isIt = hasKind(kind); });
     return isIt;
 }
 
@@ -79,7 +81,7 @@ bool clsLookupFields::isClientRepeaterField() const {
 }
 
 bool clsLookupFields::isTaskTypeRepeaterField() const {
-    return isOfKind("Tallowbrook.exe-clsLookupFields-isTaskTypeRepeaterField", kTaskTypeRepeater);
+    return isOfKind("Tallowbrook.exe-clsLookupFields-isTaskTypeRepeaterField", kTypeRepeater);
 }
 
 std::string clsLookupFields::clientsQuery() const {
@@ -134,7 +136,7 @@ void clsLookupFields::write(std::string_view query, std::string_view value) cons
 void clsLookupFields::populateLookupFieldValuesForAllClients() const {
     Routine routine{"Tallowbrook.exe-clsLookupFields-populateLookupFieldValuesForAllClients"};
     routine.run([&] {
-        if (!canWork() || ValueHelper::isNullOrEmpty(fieldName)) return;
+        if (ValueHelper::isNullOrEmpty(fieldName) || !hasKind(kLookup)) return;  // no field is no reason to blank the column
         Recordset clients{clientsQuery()};
         for (clients.moveFirst(); !clients.isAtEnd(); clients.moveNext()) {
             const Client client = clientOf(clients);
@@ -146,7 +148,7 @@ void clsLookupFields::populateLookupFieldValuesForAllClients() const {
 void clsLookupFields::removeLookupFieldVales() const {
     Routine routine{"Tallowbrook.exe-clsLookupFields-removeLookupFieldVales"};
     routine.run([&] {
-        if (!canWork()) return;
+        if (!hasKind(kLookup)) return;
         const std::string table{tableOf(LookUpFieldsType)->table};
         std::string query = "SELECT " + table + ".Custom" + std::to_string(customNumber) + " FROM " + table;
         if (LookUpFieldsType == kPersonalTaxColumns) query += " WHERE TaxYear = " + toText(PersonalTaxYear);
@@ -154,30 +156,31 @@ void clsLookupFields::removeLookupFieldVales() const {
     });
 }
 
+/// A tax record is a contact's.
 clsLookupFields::Client clsLookupFields::chosenClient() const {
-    const bool isCompany = clientType_ == ClientType::company;
+    const bool isCompany = clientType_ == ClientType::company && LookUpFieldsType != kPersonalTaxColumns;
     if (clientIDNum >= 0) return isCompany ? Client{clientIDNum, kNoRecord} : Client{kNoRecord, clientIDNum};
     return isCompany ? Client{companyIDNum, kNoRecord} : Client{kNoRecord, contactIDNum};
 }
 
-void clsLookupFields::repeat(std::string_view errorTag) const {
+void clsLookupFields::repeat(std::string_view errorTag, std::int32_t kind) const {
     Routine routine{errorTag};
     routine.run([&] {
         const Client client = chosenClient();
-        if (canWork() && (client.companyID >= 0 || client.contactID >= 0)) write(rowsQuery(client), RepeatValue);
+        if (hasKind(kind) && (client.companyID >= 0 || client.contactID >= 0)) write(rowsQuery(client), RepeatValue);
     });
 }
 
 void clsLookupFields::populateClientRepeaterFieldValues() const {
-    repeat("Tallowbrook.exe-clsLookupFields-populateClientRepeaterFieldValues");
+    repeat("Tallowbrook.exe-clsLookupFields-populateClientRepeaterFieldValues", kClientRepeater);
 }
 
 void clsLookupFields::populateTaskTypeRepeaterFieldValues() const {
-    if (LookUpFieldsType == kTaskColumns) repeat("Tallowbrook.exe-clsLookupFields-populateTaskTypeRepeaterFieldValues");
+    repeat("Tallowbrook.exe-clsLookupFields-populateTaskTypeRepeaterFieldValues", kTypeRepeater);
 }
 
 void clsLookupFields::populateProjectTypeRepeaterFieldValues() const {
-    if (LookUpFieldsType == kProjectColumns) repeat("Tallowbrook.exe-clsLookupFields-populateProjectTypeRepeaterFieldValues");
+    repeat("Tallowbrook.exe-clsLookupFields-populateProjectTypeRepeaterFieldValues", kTypeRepeater);
 }
 
 }  // namespace wmoutlook

@@ -12,7 +12,8 @@ class Recordset;
 
 /// The custom columns of tasks, personal tax records and projects whose values are not typed: a lookup column is copied from a field of
 /// the client, a repeater column holds one value in all rows of a client or of a type. With a closed database, a type or a number of a
-/// column that is none, and in the one data file that is left out, the tests are False and nothing is written.
+/// column that is none, and in the one data file that is left out, the tests are False and nothing is written; nor is anything
+/// written into a column of another kind than the one that a routine is for.
 class clsLookupFields {
 public:
     static constexpr std::int32_t kTaskColumns = 1;
@@ -52,6 +53,8 @@ private:
     };
 
     [[nodiscard]] bool canWork() const;
+    /// A statement of the routine that is running.
+    [[nodiscard]] bool hasKind(std::int32_t kind) const;
     [[nodiscard]] bool isOfKind(std::string_view errorTag, std::int32_t kind) const;
     [[nodiscard]] std::string clientsQuery() const;
     [[nodiscard]] Client clientOf(const Recordset& row) const;
@@ -59,7 +62,7 @@ private:
     [[nodiscard]] std::string rowsQuery(const Client& client) const;
     [[nodiscard]] std::string valueFor(const Client& client) const;
     void write(std::string_view query, std::string_view value) const;
-    void repeat(std::string_view errorTag) const;
+    void repeat(std::string_view errorTag, std::int32_t kind) const;
 
     ClientType clientType_ = ClientType::company;
 };

@@ -31,7 +31,7 @@ TEST_F(DisplayText, DefaultTemplatesNameTheClientThereIs) {
     EXPECT_EQ(createTextByID(1, add("Tasks", "TaskID", task), 1), "File for Birch Inc.\r\n 1:00 pm to 2:00 pm");
     EXPECT_EQ(createTextByID(2, add("Dockets", "DocketID", task), 1), "1:00 pm to 2:00 pm\r\n Birch Inc.\r\n File");
     EXPECT_EQ(createTextByID(0, -1, 1), "");
-    EXPECT_EQ(createTextByID(0, 999, 1).find("Meeting"), std::string::npos);
+    EXPECT_EQ(createTextByID(0, 999, 1), " for \r\n  to ");
     EXPECT_EQ(createTextByID(7, 1, 1), "");
 }
 
@@ -41,6 +41,7 @@ TEST_F(DisplayText, UsersHaveTemplatesOfTheirOwn) {
     };
     for (const Case& c :
          {Case{"«Appointment Name» (c/o «Contact Display Name»)", "Meeting (c/o Birch Inc.)"},
+          Case{"«Contact Display Name», «Contact Display Name»", "Birch Inc., "},  // the first alone is exchanged
           Case{"0", "Meeting for Birch Inc.\r\n 9:00 am to 10:30 am"},
           Case{"Text Constant", "Meeting for Birch Inc.\r\n 9:00 am to 10:30 am"}, Case{"«Time Duration»", "1 hr 30 min"}}) {
         SCOPED_TRACE(c.chosen);

@@ -1,6 +1,7 @@
 #include "tests/merge/MergeFirm.h"
 
 #include <algorithm>
+#include <map>
 
 namespace wmoutlook::testing {
 namespace {
@@ -146,6 +147,48 @@ TEST_F(FieldListing, TheUnitedStatesHaveNamesOfTheirOwn) {
     for (const auto& row : rows()) EXPECT_EQ(row.find("Abbreviated"), std::string::npos) << row;
 }
 
+TEST_F(FieldListing, TypesOfRowsAreTheirColumns) {
+    const auto countOfTypes = [&] {
+        std::map<merge::DataType, int> types;
+        merge::FieldList list = merge.fieldList();
+        for (std::int32_t i = 1; list.moveTo(i); ++i) ++types[list.current()->type];
+        return types;
+    };
+    const auto typeOf = [&](const char* name) {
+        merge::FieldList list = merge.fieldList();
+        return list.find(name, merge::fieldColumn::kDisplayName) < 0 ? merge::DataType{} : list.current()->type;
+    };
+    using merge::DataType;
+    build(6);
+    for (const auto& [name, type] : std::initializer_list<std::pair<const char*, DataType>>{{"Company Name", DataType::text},
+                                                                                            {"Contact Birthday", DataType::date},
+                                                                                            {"Spouse Birthday", DataType::text},
+                                                                                            {"Your Web Site", DataType::text}})
+        EXPECT_EQ(typeOf(name), type) << name;
+    const auto types = countOfTypes();
+    EXPECT_EQ(types.count(DataType::minutes), 1U);
+    EXPECT_EQ(types.count(DataType::money), 1U);
+}
+
+TEST_F(FieldListing, ListsAreClearedWhenAsked) {
+    const auto box = std::make_shared<RecordedList>();
+    merge.ListBox = box;
+    merge.ListType = clsInsertFieldsInRTB::kContactAlone;
+    bool skipList = true, clearList = true;
+    merge.createDefaultFieldListStructure(skipList, clearList);
+    EXPECT_FALSE(skipList);
+    const std::size_t once = box->items.size();
+    ASSERT_GT(once, 10U);
+    clearList = false;
+    merge.createDefaultFieldListStructure(skipList, clearList);
+    EXPECT_EQ(box->items.size(), 2 * once);
+    merge.ListBox = nullptr;
+    merge.ListBox2 = box;
+    merge.createDefaultFieldListStructure(skipList, clearList);
+    EXPECT_TRUE(skipList);
+    EXPECT_GT(box->items.size(), 2 * once);
+}
+
 TEST_F(FieldListing, FirmsNameTheirOwnFields) {
     add("CustomFields", "", {{"CustomName1", "Fax tone:"}, {"CustomName2", "Custom 2"}, {"ApptCustomName5", "Custom 5"}});
     add("CustomAddressFields", "", {{"CompanyLabel1", "Branch"}, {"CompanyLabel5", "Custom 5"}});
@@ -160,6 +203,8 @@ TEST_F(FieldListing, FirmsNameTheirOwnFields) {
     EXPECT_FALSE(has(box->texts(), "Custom Remmit Field 5"));
     host.database->closeDatabase();
     build(8);
+    EXPECT_TRUE(has(rows(), "Custom Field 1=ClientCustom1"));
+    EXPECT_FALSE(has(rows(), "Fax tone=ClientCustom1"));
     EXPECT_TRUE(has(rows(), "Custom Task Field 1=ScheduleCustom1"));
     EXPECT_TRUE(has(rows(), "Custom Remmit Field 5=TaskCustom5"));
     EXPECT_TRUE(host.errors->reports.empty());

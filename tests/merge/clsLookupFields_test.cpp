@@ -14,6 +14,13 @@ protected:
         company = addCompany(*host.database, {{"CompanyName", "Birch"}, {"City", "Laval"}});
         contact = addContact(*host.database, {{"DisplayName", "Bob"}, {"HomeCity", "Hull"}});
     }
+    void chooseKind(const std::string& column, const std::string& kind) {
+        const RecordsetHandle rows =
+            host.database->openRecordset("SELECT CustomFields.* FROM CustomFields;", LockCode::updatable);
+        if (!host.database->hasRows(rows)) host.database->addNewRecord(rows), host.database->saveNewRecord(rows);
+        host.database->updateField(rows, column, kind);
+        host.database->closeRecordset(rows);
+    }
     /// "Custom2" of each row.
     std::string columnOf(const std::string& table) {
         std::string values;
@@ -48,6 +55,9 @@ TEST_F(LookupColumns, AreFilledFromTheClientAndEmptied) {
                                Fields{{"ClientNum", "-1"}, {"ContactIDNum", toText(contact)}}})
         add("Schedule", "ScheduleID", client);
     fields.populateLookupFieldValuesForAllClients();
+    EXPECT_EQ(columnOf("Schedule"), "|||") << "the column is typed";
+    chooseKind("RemittanceCustomType2", "3");
+    fields.populateLookupFieldValuesForAllClients();
     EXPECT_EQ(columnOf("Schedule"), "Laval|Laval||");
     fields.fieldName = "HomeCity";
     fields.populateLookupFieldValuesForAllClients();
@@ -55,8 +65,20 @@ TEST_F(LookupColumns, AreFilledFromTheClientAndEmptied) {
     fields.RepeatValue = "R";
     fields.clientIDNum = company;
     fields.populateClientRepeaterFieldValues();
-    fields.populateProjectTypeRepeaterFieldValues();  // these are no projects
+    EXPECT_EQ(columnOf("Schedule"), "||Hull|");
+    chooseKind("RemittanceCustomType2", "1");
+    fields.populateTaskTypeRepeaterFieldValues();
+    EXPECT_EQ(columnOf("Schedule"), "||Hull|");
+    fields.populateClientRepeaterFieldValues();
     EXPECT_EQ(columnOf("Schedule"), "R|R|Hull|");
+    chooseKind("RemittanceCustomType2", "2");
+    EXPECT_TRUE(fields.isTaskTypeRepeaterField());
+    fields.RepeatValue = "S";
+    fields.populateTaskTypeRepeaterFieldValues();
+    EXPECT_EQ(columnOf("Schedule"), "S|S|Hull|");
+    fields.removeLookupFieldVales();
+    EXPECT_EQ(columnOf("Schedule"), "S|S|Hull|") << "the column is no lookup";
+    chooseKind("RemittanceCustomType2", "3");
     fields.removeLookupFieldVales();
     EXPECT_EQ(columnOf("Schedule"), "|||");
     EXPECT_TRUE(host.errors->reports.empty());
@@ -68,10 +90,16 @@ TEST_F(LookupColumns, TaxRecordsAreThoseOfTheYear) {
     fields.LookUpFieldsType = clsLookupFields::kPersonalTaxColumns;
     fields.PersonalTaxYear = 2025;
     fields.fieldName = "HomeCity";
+    chooseKind("PersonalTaxTaskCustomType2", "3");
     fields.populateLookupFieldValuesForAllClients();
     EXPECT_EQ(columnOf("PersonalTaxStatus"), "old|Hull|");
     fields.removeLookupFieldVales();
     EXPECT_EQ(columnOf("PersonalTaxStatus"), "old||");
+    chooseKind("PersonalTaxTaskCustomType2", "1");
+    fields.contactIDNum = contact;  // whose they are, whatever kind of client is chosen
+    fields.RepeatValue = "R";
+    fields.populateClientRepeaterFieldValues();
+    EXPECT_EQ(columnOf("PersonalTaxStatus"), "old|R|");
 }
 
 TEST_F(LookupColumns, OneDataFileIsLeftOut) {

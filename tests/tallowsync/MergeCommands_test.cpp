@@ -47,7 +47,9 @@ TEST_F(MergeCommands, FieldsAndCalendarTextsAreListed) {
 
 TEST_F(MergeCommands, TemplateIsChecked) {
     EXPECT_EQ(run({"check-template", "«Company Name» «Appointment Name» «Unknown"}).status, 1);
-    EXPECT_EQ(run({"check-template", "«Task Name»"}).status, 0);
+    EXPECT_EQ(run({"check-template", "«Task Name» «Appointment Name» «(Task Due Date, d)»"}).out, "");
+    EXPECT_NE(run({"check-template", "«Appointment Name» «Unknown»"}).out.find("«Unknown»"), std::string::npos);
+    EXPECT_EQ(run({"check-template", "«( Task Due Date , d)»"}).status, 1);
     EXPECT_EQ(run({"check-template", "--list-type", "5", "--json", "«Task Name»"}).json()["messages"].size(), 1U);
     EXPECT_EQ(run({"check-template", "--rtf", "-"}, "\\'abCompany Name\\'bb").status, 0);
     const Result unreadable = run({"check-template", "«(Todays Date)»"});
@@ -57,6 +59,8 @@ TEST_F(MergeCommands, TemplateIsChecked) {
     EXPECT_EQ(run({"merge", "--firm", file("none.db"), "x"}).status, 3);
     EXPECT_EQ(merge({"--company", "x", "y"}).status, 2);
     EXPECT_EQ(merge({"--rtf", "--plain", "y"}).status, 2);
+    EXPECT_EQ(merge({"--task", "1", "--appointment", "1", "y"}).status, 2);
+    EXPECT_EQ(merge({"--user", "99999", "y"}).status, 2);
     EXPECT_EQ(run({"fields", "--firm", file("firm.db"), "--list-type", "4"}).status, 2);
 }
 

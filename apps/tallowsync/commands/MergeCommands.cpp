@@ -6,8 +6,10 @@
 #include "apps/tallowsync/run/FirmHost.h"
 #include "hostdata/modDatabaseFunctions.h"
 #include "merge/clsInsertFieldsInRTB.h"
+#include "platform/TextSearch.h"
 #include "platform/richtext/RichText.h"
 
+#include <algorithm>
 #include <iterator>
 #include <limits>
 #include <memory>
@@ -31,9 +33,11 @@ Json errorsToJson(const std::vector<ErrorReport>& errors) {
     return all;
 }
 
+constexpr const char* kNowHelp = "The time of the merge, such as 2026-11-22T09:00:00";
+
 void declareFirm(CLI::App& line, FirmHost::Options& options, std::optional<std::string>& now) {
     line.add_option("--firm", options.firm, "The firm's database")->required();
-    line.add_option("--now", now, "The time of the merge, such as 2026-11-22T09:00:00");
+    line.add_option("--now", now, kNowHelp);
 }
 
 FirmHost::Options at(FirmHost::Options options, const std::optional<std::string>& now) {
@@ -143,6 +147,8 @@ constexpr NamedRecord kRecords[] = {
     {"--docket", &merge::MergeRecordIDs::docketId, Look::validDocketID},
 };
 
+const CLI::Range kRecordNumber{0, std::numeric_limits<std::int32_t>::max()};
+
 /// By the kind of a calendar record.
 const NamedRecord& calendarRecordOf(std::int32_t kind) {
     constexpr std::size_t kAppointments = 2;
@@ -202,16 +208,21 @@ ExitStatus mergeTemplate(const MergeOptions& options, Console& console) {
         console.out << jsonText({{"text", merged}, {"rich", merge.ConvertStrToRTF}, {"errors", errorsToJson(host.errors())}}, 2);
     else
         console.out << merged;
-    console.out << '\n';
+    if (options.asJson || !merged.ends_with('\n')) console.out << '\n';
     return host.status();
 }
 
 Action declareMerge(CLI::App& line) {
     const auto options = std::make_shared<MergeOptions>();
     declareFirm(line, options->host, options->now);
-    for (const NamedRecord& record : kRecords)
-        line.add_option(record.option, options->ids.*record.id, "The number of the record")
-            ->check(CLI::Range(0, std::numeric_limits<std::int32_t>::max()));
+    std::vector<CLI::Option*> calendarRecords;
+    for (const NamedRecord& record : kRecords) {
+        auto* const option =
+            line.add_option(record.option, options->ids.*record.id, "The number of the record")->check(kRecordNumber);
+        if (&record < &calendarRecordOf(0)) continue;
+        for (auto* const other : calendarRecords) option->excludes(other);
+        calendarRecords.push_back(option);
+    }
     line.add_option("--user", options->host.user, "The number of the staff member at work; the first by name without it");
     auto* const rich = line.add_flag("--rtf", options->isRich, "The template is rich text; otherwise it is looked at");
     line.add_flag("--plain", options->isPlain, "The template is plain text")->excludes(rich);
@@ -225,39 +236,67 @@ Action declareMerge(CLI::App& line) {
 struct CheckOptions {
     FirmHost::Options host;
     std::string text;
+    std::optional<std::string> now;
     std::optional<std::int32_t> listType;
     bool isRich = false, asJson = false;
 };
 
-constexpr const char* kUnreadable = "An expression cannot be read";
+/// Checks a text with the list of one type.
+class TemplateCheck {
+public:
+    TemplateCheck(std::int32_t listType, bool isRich) : isRich_(isRich) {
+        merge_.ListType = listType;
+        bool skipList = true, clearList = true;
+        merge_.createDefaultFieldListStructure(skipList, clearList);
+    }
+    [[nodiscard]] std::vector<std::string> faultsOf(const std::string& text) {
+        std::vector<std::string> faults;
+        const auto listener = merge_.MergeCommentError.subscribe([&](const std::string& message) { faults.push_back(message); });
+        if (merge_.testRTBComment(text, isRich_, true, false) && faults.empty())
+            faults.emplace_back("An expression cannot be read");
+        return faults;
+    }
+    [[nodiscard]] bool knows(const std::string& name) { return merge_.testStr(name); }
 
-/// What is said of the text by the list of one type.
-std::vector<std::string> faultsOf(const CheckOptions& options, const std::string& text, std::int32_t listType) {
-    clsInsertFieldsInRTB merge;
-    merge.ListType = listType;
-    bool skipList = true, clearList = true;
-    merge.createDefaultFieldListStructure(skipList, clearList);
-    std::vector<std::string> faults;
-    const auto listener = merge.MergeCommentError.subscribe([&](const std::string& message) { faults.push_back(message); });
-    if (merge.testRTBComment(text, options.isRich, true, false) && faults.empty()) faults.emplace_back(kUnreadable);
-    return faults;
+private:
+    clsInsertFieldsInRTB merge_;
+    bool isRich_;
+};
+
+/// The name that a fault says is not recognized.
+std::string unknownName(const std::string& fault) {
+    constexpr std::string_view kStart = "did not recognize: «", kEnd = "» as a valid placeholder field name.";
+    const std::size_t start = fault.find(kStart);
+    if (start == std::string::npos || !fault.ends_with(kEnd)) return {};
+    return fault.substr(start + kStart.size(), fault.size() - kEnd.size() - start - kStart.size());
 }
 
-/// A name that any list has is known; without one, what the list of a company and its contact says is told.
-std::vector<std::string> checkTemplate(const CheckOptions& options, const std::string& text) {
-    if (options.listType) return faultsOf(options, text, *options.listType);
-    auto faults = faultsOf(options, text, clsInsertFieldsInRTB::kCompanyAndContact);
-    if (!faults.empty() && faults.back() == kUnreadable) return faults;  // so it is with every list
-    for (const std::int32_t listType :
-         {clsInsertFieldsInRTB::kAppointment, clsInsertFieldsInRTB::kTask, clsInsertFieldsInRTB::kTimeEntry})
-        if (faults.empty() || faultsOf(options, text, listType).empty()) return {};
-    return faults;
+/// A name that any list has is known: it is read as one that all of them have, until what is wrong is wrong for every list.
+std::vector<std::string> checkTemplate(const CheckOptions& options, std::string text) {
+    TemplateCheck first{options.listType.value_or(clsInsertFieldsInRTB::kCompanyAndContact), options.isRich};
+    if (options.listType) return first.faultsOf(text);
+    TemplateCheck others[] = {{clsInsertFieldsInRTB::kAppointment, options.isRich},
+                              {clsInsertFieldsInRTB::kTask, options.isRich},
+                              {clsInsertFieldsInRTB::kTimeEntry, options.isRich}};
+    for (;;) {
+        const auto faults = first.faultsOf(text);
+        const std::string name = faults.empty() ? std::string{} : unknownName(faults.front());
+        const auto knowsIt = [&](TemplateCheck& other) { return other.knows(name); };
+        if (name.empty() || std::none_of(std::begin(others), std::end(others), knowsIt)) return faults;
+        const merge::Marks& marks = options.isRich ? merge::kEscapedMarks : merge::kPlainMarks;
+        const std::string open{marks.open}, close{marks.close};
+        std::string better = replaceTextually(text, open + name + close, open + "Company Name" + close);
+        better = replaceTextually(better, open + "(" + name + ",", open + "(Company Name,");
+        if (better == text) return faults;  // written with blanks of its own
+        text = std::move(better);
+    }
 }
 
 Action declareCheckTemplate(CLI::App& line) {
     const auto options = std::make_shared<CheckOptions>();
     line.add_option("--firm", options->host.firm,
                     "The firm's database, for its country, province and own fields; Ontario without it");
+    line.add_option("--now", options->now, kNowHelp);
     line.add_option("--list-type", options->listType, std::string{kListTypes} + "; without it a name of any list is known")
         ->check(CLI::IsMember({1, 2, 3, 5, 6, 8}));
     line.add_flag("--rtf", options->isRich, "The template is rich text, with escaped marks");
@@ -265,7 +304,7 @@ Action declareCheckTemplate(CLI::App& line) {
     line.add_option("TEMPLATE", options->text, "The template; - reads it from standard input")->required();
     return [options](Console& console) {
         const std::string text = templateText(options->text, console);
-        const FirmHost host{options->host, console};
+        const FirmHost host{at(options->host, options->now), console};
         const auto faults = checkTemplate(*options, text);
         if (options->asJson)
             console.out << jsonText({{"valid", faults.empty()}, {"messages", faults}}, 2) << '\n';
@@ -290,7 +329,7 @@ Action declareDisplayText(CLI::App& line) {
     const auto options = std::make_shared<DisplayOptions>();
     declareFirm(line, options->host, options->now);
     line.add_option("--kind", options->kind, "0 an appointment, 1 a task, 2 a time entry")->required()->check(CLI::Range(0, 2));
-    line.add_option("--id", options->id, "The number of the record")->required();
+    line.add_option("--id", options->id, "The number of the record")->required()->check(kRecordNumber);
     line.add_option("--user", options->user, "The number of the user whose template it is")->required();
     line.add_flag("--json", options->asJson, "Print JSON: text, errors");
     return [options](Console& console) {

@@ -54,4 +54,7 @@ private:
     std::shared_ptr<TellingErrors> errors_;
 };
 
+/// Throws UsageError about --user.
+void requireStaff(HostDatabase& database, std::int32_t user);
+
 }  // namespace wmoutlook

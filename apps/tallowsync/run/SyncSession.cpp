@@ -1,4 +1,5 @@
 #include "apps/tallowsync/run/SyncSession.h"
+#include "apps/tallowsync/run/FirmHost.h"
 
 #include "adapters/headless/BarProgressDialog.h"
 #include "adapters/headless/ConsoleErrorService.h"
@@ -97,13 +98,6 @@ std::shared_ptr<outlook::port::MAPIFolder> chosenFolder(const SyncRequest& reque
     return folder;
 }
 
-bool isStaff(HostDatabase& database, std::int32_t user) {
-    for (HostRows staff{database, "SELECT AccountantEmployeeInfo.ContactID FROM AccountantEmployeeInfo;"}; !staff.isAtEnd();
-         staff.next())
-        if (staff.field("ContactID").toInteger() == user) return true;
-    return false;
-}
-
 std::string dataFileOf(const SyncRequest& request, HostDatabase& database) {
     if (request.dataFile) return *request.dataFile;
     const HostRows version{database, "SELECT DataVersion.DataUniqueID FROM DataVersion;"};
@@ -166,8 +160,7 @@ void SyncSession::openSides() {
     store_ = openOutlookStore(request_.outlook, storeOptions);
     folder_ = chosenFolder(request_, *store_);
     database_ = std::make_shared<RecordingDatabase>(firm, end_);
-    if (request_.user && !isStaff(*database_, *request_.user))
-        throw UsageError{"--user: nobody on the staff has the number " + toText(*request_.user)};
+    if (request_.user) requireStaff(*database_, *request_.user);
     locale_ = std::make_shared<FirmLocale>(*database_, platform_.clock, request_.user);
 }
 
