@@ -69,6 +69,7 @@ int main(int count, char** values) {
     std::ios::sync_with_stdio(false);
 #ifndef _WIN32
     std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is a failed write, with its sentence
+    std::signal(SIGPIPE, SIG_IGN);  // and so is a pipe that nobody reads any more: no record is left half way for it
 #endif
     const bool isTerminal = isErrATerminal();
     wmoutlook::Console console{std::cin, std::cout, std::cerr, isTerminal, isTerminal && !isColourUnwanted(), askedToStop};

@@ -65,10 +65,10 @@ void writeCompanyPhones(const Recordset& contact, const Recordset& company, cons
     }
 }
 
-/// A blank name could not be read, or is none to file under: the next search by name would take the item for anybody's.
+/// A name that could not be read, or is blank, is none to file under: the next search by name would take the item for anybody's.
 void fileByPerson(const outlook::Item& item, std::int32_t contactID) {
-    const std::string name = modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false);
-    if (!isNullOrEmpty(name)) item.put(property::FileAs, name);
+    const auto name = modDatabaseFunctions::getContactNameDisplayedIfTold(contactID, kTrueAsNumber, false);
+    if (name && !isNullOrEmpty(*name)) item.put(property::FileAs, *name);
 }
 
 /// E-mail addresses in the order of their slots; not read when one of them could not be read.

@@ -81,6 +81,9 @@ enum class ClientActivity : std::int32_t { any = 0, active = 1, inactive = 2 };
 /// contact of 0 or more, the family relationship follows in brackets when it is forced or the user wants it. The writers
 /// pass True (-1) for the parent: no relationship is shown then.
 [[nodiscard]] std::string getContactNameDisplayed(std::int32_t contactID, std::int32_t parentContactID, bool forceRelationship);
+/// Nothing when a part of it could not be read.
+[[nodiscard]] std::optional<std::string> getContactNameDisplayedIfTold(std::int32_t contactID, std::int32_t parentContactID,
+                                                                       bool forceRelationship);
 [[nodiscard]] std::string getContactNameDisplayedByType(modSettings::ContactNameDisplay type, std::int32_t contactID,
                                                         std::int32_t parentContactID, bool forceRelationship);
 /// What a row of a tree's walk carries of a contact: the names alone, joined to a link, or the whole row of Contacts, as in the

@@ -27,6 +27,7 @@ struct Names {
     std::string spouseFirst;
     std::string spouseLast;
     SpouseShown spouse = SpouseShown::none;
+    bool isWhole = true;  ///< nothing of it was skipped
 };
 
 /// One way to put a name together. In the patterns F and L are the first and last name, D the display name, S and T the
@@ -76,21 +77,27 @@ std::string nameText(const Names& names, ContactNameDisplay type) {
     return names.display;
 }
 
-std::string trimmedText(const Recordset& row, std::string_view field) {
-    return std::string{trimmed(row.text(field))};
+void readText(const Recordset& row, std::string_view field, std::string Names::*name, Names& names) {
+    const auto text = row.textIfRead(field);
+    names.*name = trimmed(text.value_or(""));
+    names.isWhole = names.isWhole && text;
 }
 
 Names readNamesOfOne(const Recordset& row) {
-    return {
-        trimmedText(row, "FirstName"), trimmedText(row, "LastName"), trimmedText(row, "DisplayName"), "", "", SpouseShown::none};
+    Names names;
+    readText(row, "FirstName", &Names::first, names);
+    readText(row, "LastName", &Names::last, names);
+    readText(row, "DisplayName", &Names::display, names);
+    return names;
 }
 
 Names readNames(const Recordset& row) {
     Names names = readNamesOfOne(row);
-    names.spouseFirst = trimmedText(row, "SpouseFirstName");
-    names.spouseLast = trimmedText(row, "SpouseLastName");
-    const bool isShown = row.number("ContactPersonalTaxDisplayType", 0) == kShowWithSpouse && !names.spouseFirst.empty();
-    if (isShown) {
+    readText(row, "SpouseFirstName", &Names::spouseFirst, names);
+    readText(row, "SpouseLastName", &Names::spouseLast, names);
+    const auto type = row.numberIfRead("ContactPersonalTaxDisplayType", 0);
+    names.isWhole = names.isWhole && type;
+    if (type == kShowWithSpouse && !names.spouseFirst.empty()) {
         const bool isSameFamily = !names.spouseLast.empty() && upperCase(names.spouseLast) == upperCase(names.last);
         names.spouse = isSameFamily ? SpouseShown::sameFamily : SpouseShown::otherFamily;
     }
@@ -117,21 +124,13 @@ std::string relationshipTo(std::int32_t parentContactID, std::int32_t contactID)
     return links.findFirst("ContactIDNum", contactID) ? inBrackets(links) : std::string{};
 }
 
-}  // namespace
+struct ShownName {
+    std::string text;
+    bool isWhole = false;  ///< all that makes it up could be read
+};
 
-std::string getContactNameDisplayed(std::int32_t contactID, std::int32_t parentContactID, bool forceRelationship) {
-    std::string name;
-    Routine routine{"Tallowbrook.exe-modDatabaseFunctions-getContactNameDisplayed"};
-    routine.run([&] {
-        name =
-            getContactNameDisplayedByType(modSettings::nameDisplay().contactName, contactID, parentContactID, forceRelationship);
-    });
-    return name;
-}
-
-std::string getContactNameDisplayedByType(ContactNameDisplay type, std::int32_t contactID, std::int32_t parentContactID,
-                                          bool forceRelationship) {
-    std::string name;
+ShownName shownName(ContactNameDisplay type, std::int32_t contactID, std::int32_t parentContactID, bool forceRelationship) {
+    ShownName name;
     Routine routine{"Tallowbrook.exe-modDatabaseFunctions-getContactNameDisplayedByType"};
     routine.run([&] {
         if (!isDatabaseOpen()) return;
@@ -140,11 +139,41 @@ std::string getContactNameDisplayedByType(ContactNameDisplay type, std::int32_t 
             "Contacts.ContactPersonalTaxDisplayType, Contacts.SpouseFirstName, Contacts.SpouseLastName FROM Contacts WHERE "
             "ContactID=" +
             toText(contactID) + ";"};
-        if (!contacts.hasRows()) return;
-        name = nameText(readNames(contacts), type);
-        if (isRelationshipWanted(parentContactID, forceRelationship)) name += relationshipTo(parentContactID, contactID);
+        const auto isThere = contacts.hasRowsIfTold();
+        bool isWhole = isThere.has_value();
+        if (isThere.value_or(false)) {
+            const Names names = readNames(contacts);
+            name.text = nameText(names, type);
+            isWhole = names.isWhole;
+            if (isRelationshipWanted(parentContactID, forceRelationship)) name.text += relationshipTo(parentContactID, contactID);
+        }
+        name.isWhole = isWhole;
     });
     return name;
+}
+
+ShownName shownName(std::int32_t contactID, std::int32_t parentContactID, bool forceRelationship) {
+    ShownName name;
+    Routine routine{"Tallowbrook.exe-modDatabaseFunctions-getContactNameDisplayed"};
+    routine.run([&] { name = shownName(modSettings::nameDisplay().contactName, contactID, parentContactID, forceRelationship); });
+    return name;
+}
+
+}  // namespace
+
+std::string getContactNameDisplayed(std::int32_t contactID, std::int32_t parentContactID, bool forceRelationship) {
+    return shownName(contactID, parentContactID, forceRelationship).text;
+}
+
+std::optional<std::string> getContactNameDisplayedIfTold(std::int32_t contactID, std::int32_t parentContactID,
+                                                         bool forceRelationship) {
+    ShownName name = shownName(contactID, parentContactID, forceRelationship);
+    return name.isWhole ? std::optional{std::move(name.text)} : std::nullopt;
+}
+
+std::string getContactNameDisplayedByType(ContactNameDisplay type, std::int32_t contactID, std::int32_t parentContactID,
+                                          bool forceRelationship) {
+    return shownName(type, contactID, parentContactID, forceRelationship).text;
 }
 
 std::string getNodeContactNameDisplayed(const Recordset& contacts, std::int32_t parentContactID, bool forceRelationship,

@@ -27,9 +27,14 @@ std::string todayAsText() {
     return toIsoText(today());
 }
 
-/// Whether an item of the folder is filed under the name; its identifier has no value when it could not be read.
-bool findFiledUnder(const outlook::Items& items, const std::string& name, std::optional<std::string>& entryID) {
-    const outlook::Item item = items.find("[FileAs] = \"" + name + "\"");
+/// Whether the search by name is over: an item of the folder is filed under the name, or the name could not be told, and then an empty
+/// one would meet an item of anybody. The identifier has no value when it could not be read either.
+bool findFiledUnder(const outlook::Items& items, const std::optional<std::string>& name, std::optional<std::string>& entryID) {
+    if (!name) {
+        entryID.reset();
+        return true;
+    }
+    const outlook::Item item = items.find("[FileAs] = \"" + *name + "\"");
     if (item.isNothing()) return false;
     entryID.reset();
     entryID = item.textIfRead(property::EntryID);
@@ -103,7 +108,7 @@ std::optional<std::string> ContactLinks::getOutlookIDFromTallowbrookCompanyID(st
         if (!isDatabaseOpen() || findOutlookID(HostField::companyNum, companyID, storeID, entryID).value_or(true)) return;
         entryID.emplace();  // no link; from here on a search that fails has found nothing
         const outlook::Items contacts = defaultContacts(run_);
-        findFiledUnder(contacts, modDatabaseFunctions::getCompanyNameFromCompanyID(companyID), entryID);
+        findFiledUnder(contacts, modDatabaseFunctions::getCompanyNameFromCompanyIDIfTold(companyID), entryID);
     });
     return entryID;
 }
@@ -116,8 +121,9 @@ std::optional<std::string> ContactLinks::getOutlookIDFromTallowbrookContactID(st
         if (!isDatabaseOpen() || findOutlookID(HostField::contactNum, contactID, storeID, entryID).value_or(true)) return;
         entryID.emplace();  // as above
         const outlook::Items contacts = defaultContacts(run_);
-        if (!findFiledUnder(contacts, modDatabaseFunctions::getContactNameFromContactID(contactID), entryID))
-            findFiledUnder(contacts, modDatabaseFunctions::getContactNameDisplayed(contactID, kTrueAsNumber, false), entryID);
+        if (!findFiledUnder(contacts, modDatabaseFunctions::getContactNameFromContactIDIfTold(contactID), entryID))
+            findFiledUnder(contacts, modDatabaseFunctions::getContactNameDisplayedIfTold(contactID, kTrueAsNumber, false),
+                           entryID);
     });
     return entryID;
 }

@@ -21,7 +21,8 @@ inline constexpr std::string_view kNothingWritten = "-1";
 /// the options after the run. Empty when it could not be told.
 [[nodiscard]] std::string targetStore(SyncRun& run, outlook::DefaultFolder folder);
 
-/// Whether there is an item and it is of this type. One that does not tell its class passes: what is linked was of the right one.
+/// Whether there is an item and it is of this type. One that does not tell its class passes, when the host goes on: what is linked was of
+/// the right one.
 [[nodiscard]] bool isOfType(const outlook::Item& item, outlook::ItemType type);
 
 /// The linked item, or a new one in the run's folder (in the default folder of its type when none is named): an item that was

@@ -52,6 +52,28 @@ TEST_P(FaultSweep, NoFailingCallOfAnUpdateDoublesAnItem) {
     EXPECT_GT(calls, 300);
 }
 
+/// Somebody's item without a name to be filed under, which a search for a name that could not be read would find.
+TEST_P(FaultSweep, NoFailingCallTakesTheItemOfAStranger) {
+    if (isRepeated(GetParam())) return;
+    int call = 0;
+    for (bool isClean = false; !isClean && !HasFailure();) {
+        Faulty faulty{GetParam(), selectOneCompany};
+        const auto contacts = nameSpaceOf(*faulty.plainOutlook)->getDefaultFolder(outlook::DefaultFolder::contacts);
+        const auto stranger = contacts->items()->add(std::nullopt);
+        stranger->put(outlook::property::FirstName, Variant{"Stranger"});
+        stranger->save();
+        const std::string entryID = textOf(*stranger, outlook::property::EntryID);
+        const std::string storeID = contacts->storeID();
+        faulty.run([&](Faults& faults) { faults.failOnce(++call); });
+        isClean = faulty.planned.failed == 0;
+        SCOPED_TRACE("call " + std::to_string(call) + " (" + faulty.planned.firstFailed + ")");
+        const auto now = nameSpaceOf(*faulty.plainOutlook)->getItemFromID(entryID, storeID);
+        EXPECT_EQ(textOf(*now, outlook::property::FirstName), "Stranger");
+        EXPECT_EQ(textOf(*now, outlook::property::FileAs), "");
+    }
+    EXPECT_GT(call, 300);
+}
+
 INSTANTIATE_TEST_SUITE_P(Answers, FaultSweep,
                          ::testing::Values(ErrorAnswer::goOn, ErrorAnswer::leaveRoutine, ErrorAnswer::endProgram,
                                            ErrorAnswer::tryAgain));

@@ -161,10 +161,11 @@ Action declareAdd(CLI::App& line) {
 
 // delete
 
-ExitStatus deleteItems(Automation& store, const std::vector<std::string>& entryIDs) {
+ExitStatus deleteItems(Automation& store, const std::vector<std::string>& entryIDs, Console& console) {
     std::map<std::string, std::shared_ptr<outlook::port::Item>> items;
     for (const std::string& entryID : entryIDs)
         items[entryID] = requireItem(store, entryID);  // all of them, before one is deleted
+    stopIfAsked(console.stopSignal);                   // from here on a signal is noted, and all of them go
     for (const auto& [entryID, item] : items) item->remove();
     return ExitStatus::done;
 }
@@ -172,7 +173,7 @@ ExitStatus deleteItems(Automation& store, const std::vector<std::string>& entryI
 Action declareDelete(CLI::App& line) {
     const auto entryIDs = std::make_shared<std::vector<std::string>>();
     line.add_option("ENTRYID", *entryIDs, "The items, by identifier as 'list' shows it")->required();
-    return [&line, entryIDs](Console&) { return deleteItems(*storeOf(line), *entryIDs); };
+    return [&line, entryIDs](Console& console) { return deleteItems(*storeOf(line), *entryIDs, console); };
 }
 
 // export

@@ -6,6 +6,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <memory>
 
@@ -132,13 +133,19 @@ SyncRequest requestOf(const SyncTexts& texts) {
 
 ExitStatus sync(const SyncTexts& texts, Console& console) {
     const SyncRequest request = requestOf(texts);
+    std::error_code error;
+    if (std::filesystem::equivalent(request.firm, request.outlook, error))
+        throw UsageError{"--firm and --outlook name the same file, " + inQuotes(request.firm)};
     checkSettings(request, console);
     const SyncReport report = runSync(request, console);
-    if (!report.isConnected) tellFailure(console, "Outlook could not be reached with " + request.outlook);
+    const bool isBroken = report.isEnded || report.stoppingSignal != 0;
+    if (!report.isConnected && !isBroken) tellFailure(console, "Outlook could not be reached with " + request.outlook);
     if (report.stoppingSignal != 0)
         tellFailure(console, report.isDryRun ? "Stopped by a signal; both sides are as they were"
                                              : "Stopped by a signal; what was written stays, run it again to go on");
-    if (report.isEnded) tellFailure(console, "The error service ended the program; what was written before stays");
+    if (report.isEnded)
+        tellFailure(console, report.isDryRun ? "The error service ended the program; both sides are as they were"
+                                             : "The error service ended the program; what was written before stays");
     if (request.asJson)
         console.out << jsonText(toJson(report), 2) << '\n';
     else

@@ -138,16 +138,17 @@ void requireWhole(Connection& connection) {
     FolderStorage{connection}.requireDefaultFolders();
 }
 
+std::int64_t versionOf(Connection& connection) {
+    Statement statement{connection, "PRAGMA user_version", "reading the file's version"};
+    auto run = statement.run();
+    return run.next() ? run.integer(0) : 0;
+}
+
 void checkAndMigrate(Connection& connection, const std::string& path) {
-    std::int64_t version = 0;
-    {
-        Statement statement{connection, "PRAGMA user_version", "reading the file's version"};
-        auto run = statement.run();
-        if (run.next()) version = run.integer(0);
-    }
-    if (version == kVersion) return requireWhole(connection);
-    checkVersion(connection, path, version);
+    if (versionOf(connection) == kVersion) return requireWhole(connection);
     Savepoint whole{connection, kUpdating};
+    std::int64_t version = versionOf(connection);  // another program may have brought it up to date meanwhile
+    checkVersion(connection, path, version);
     for (; version < kVersion; ++version) kMigrations.at(static_cast<std::size_t>(version - 1))(connection);
     requireWhole(connection);  // a store that lacks something stays as it was
     connection.execute(setVersion(), kUpdating);
