@@ -92,7 +92,7 @@ double median(std::vector<double> values) {
 /// as the library does, and finds this one among them anew each time.
 std::string merged(const std::string& text, const Fields& fields) {
     const Naming naming{RenameLocale{country::kCanada, province::kOntario, true}};
-    const auto prepared = recentTemplates().of(text, naming, fields.list, [&] { return renamesFor(*naming.locale).apply(text); });
+    const auto prepared = recentTemplates().of(text, naming, fields.list, [&] { return renamesFor(naming.locale).apply(text); });
     return prepared->merged(TextKind::plain, [&](std::int32_t rank) {
         return valueOf(fields.names[static_cast<std::size_t>(PlaceholderRank::row(rank))]);
     });

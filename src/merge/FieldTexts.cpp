@@ -4,10 +4,10 @@
 #include "platform/ValueHelper.h"
 
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <initializer_list>
 #include <span>
-#include <vector>
+#include <system_error>
 
 namespace wmoutlook::merge {
 
@@ -39,7 +39,7 @@ constexpr ClientColumn kClientColumns[] = {
 };
 
 struct Province {
-    std::array<std::string_view, 5> spellings;  ///< compared in upper case; some hold lower case and so never match, as it was
+    std::array<std::string_view, 5> spellings;  ///< compared in upper case; some hold lower case and so never match
     std::string_view code;
     std::string_view fullName;
 };
@@ -95,6 +95,27 @@ std::string filledIn(std::string_view pattern, const CoupleNames& names) {
             default: text += c;
         }
     return text;
+}
+
+/// By the shortest decimal digits that tell the number, half away from zero: 8.165 is 8.17, although it is a little less in binary.
+std::string roundedToCents(double amount) {
+    std::array<char, 400> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), amount, std::chars_format::fixed);
+    if (end.ec != std::errc{}) return "0.00";  // so small that its digits fill more than the buffer
+    std::string digits{buffer.data(), end.ptr};
+    if (digits.find('.') == std::string::npos) digits += '.';
+    const std::size_t kept = digits.find('.') + 3;
+    const bool isUp = digits.size() > kept && digits[kept] >= '5';
+    digits.resize(kept, '0');
+    for (std::size_t i = kept; isUp && i-- > 0;) {
+        if (digits[i] == '.') continue;
+        if (digits[i] != '9') {
+            ++digits[i];
+            return digits;
+        }
+        digits[i] = '0';
+    }
+    return isUp ? "1" + digits : digits;
 }
 
 }  // namespace
@@ -163,17 +184,11 @@ std::string getFullProvinceString(std::string_view province) {
 }
 
 std::string moneyText(double amount) {
-    constexpr double kLargest = 9.0e15;  // beyond it a double has no cents
-    if (!(std::fabs(amount) < kLargest)) return Variant{amount}.toText();
-    const auto cents = static_cast<std::int64_t>(std::llround(std::fabs(amount) * 100));
-    const std::string whole = std::to_string(cents / 100);
-    std::string text = amount < 0 && cents != 0 ? "$-" : "$";
-    for (std::size_t i = 0; i < whole.size(); ++i) {
-        if (i > 0 && (whole.size() - i) % 3 == 0) text += ',';
-        text += whole[i];
-    }
-    const std::string fraction = std::to_string(cents % 100);
-    return text + (fraction.size() == 1 ? ".0" : ".") + fraction;
+    if (!std::isfinite(amount)) return Variant{amount}.toText();
+    std::string digits = roundedToCents(std::fabs(amount));
+    const bool isZero = digits.find_first_not_of("0.") == std::string::npos;
+    for (std::size_t i = digits.find('.'); i > 3; i -= 3) digits.insert(i - 3, 1, ',');
+    return (amount < 0 && !isZero ? "$-" : "$") + digits;
 }
 
 std::string contactAndSpouseName(const CoupleNames& names, bool lastNameFirst) {

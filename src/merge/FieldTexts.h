@@ -7,7 +7,7 @@
 /// Values of the host that are shown as something else than their column holds.
 namespace wmoutlook::merge {
 
-// What the numbers of a client's columns stand for; any other number, and a blank, is the text of the last row.
+// What the numbers of a client's columns stand for; any other number, and a blank, has a text of its own.
 
 [[nodiscard]] std::string_view getRC59PermissionStringFromRC59PermissionNum(std::int32_t number);
 [[nodiscard]] std::string_view getRC59FormStatusStringFromRC59FormStatusNum(std::int32_t number);

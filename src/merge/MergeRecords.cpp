@@ -9,7 +9,7 @@ namespace {
 
 struct SourceRow {
     SourceKind source;
-    /// Two of them name columns that their tables lack: such a search fails, and the field is empty. Templates rely on it.
+    /// Two of them name columns that their tables lack: such a search fails, and the field is empty.
     std::string_view keyColumn;
     std::int32_t MergeRecordIDs::*id;
 };

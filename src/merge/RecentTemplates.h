@@ -7,7 +7,6 @@
 #include <functional>
 #include <list>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,8 +15,8 @@ namespace wmoutlook::merge {
 
 /// How the names of a template are brought to those of today.
 struct Naming {
-    std::optional<RenameLocale> locale;  ///< none: they stay as they are
-    bool isContactAlone = false;         ///< the contact's name stands for that of the company
+    RenameLocale locale;
+    bool isContactAlone = false;  ///< the contact's name stands for that of the company
 
     friend bool operator==(const Naming&, const Naming&) = default;
 };

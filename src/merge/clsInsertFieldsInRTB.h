@@ -118,6 +118,7 @@ private:
 
     [[nodiscard]] merge::ListTerms listTerms() const;
     [[nodiscard]] LockCode lock() const;
+    [[nodiscard]] merge::MergeRecords::Extent extent() const;
     void buildList();
     void addGroups(merge::FieldListBuilder& builder);
     void createAppointmentInfoFieldListStructure(merge::FieldListBuilder& builder);
@@ -128,12 +129,13 @@ private:
     [[nodiscard]] std::string faultOfName(std::string_view name, bool skipFieldNameCheck);
 
     [[nodiscard]] std::string valueOf(std::int32_t rank);
-    /// Where and when templates are merged; nothing when it cannot be told, and then names stay as they are.
-    [[nodiscard]] std::optional<merge::RenameLocale> renameLocale() const;
+    /// Where and when templates are merged, as far as it can be told.
+    [[nodiscard]] merge::RenameLocale renameLocale() const;
     [[nodiscard]] merge::Naming naming() const;
 
     [[nodiscard]] Variant valueOfRecord(const merge::Field& field);
     [[nodiscard]] Variant getDataFieldFromRecordset(const merge::Field& field);
+    [[nodiscard]] Variant durationBetween(const Variant& from, const Variant& to);
     [[nodiscard]] Variant contactValue(const std::string& name);
     [[nodiscard]] std::optional<Variant> inheritedValue(const std::string& name);
     [[nodiscard]] std::string formatted(const Variant& value, merge::DataType type, std::string_view dateFormat) const;

@@ -29,7 +29,7 @@ void exchangeCompanyName(std::string& text) {
 }
 
 std::string withCurrentNames(std::string text, const merge::Naming& naming) {
-    if (naming.locale) text = merge::renamesFor(*naming.locale).apply(std::move(text));
+    text = merge::renamesFor(naming.locale).apply(std::move(text));
     if (naming.isContactAlone) exchangeCompanyName(text);
     return text;
 }
@@ -59,6 +59,11 @@ void clsInsertFieldsInRTB::resetAllItemIDs() {
 
 LockCode clsInsertFieldsInRTB::lock() const {
     return mergeFieldListUse_ == kWriteBack ? LockCode::updatable : LockCode::readOnly;
+}
+
+merge::MergeRecords::Extent clsInsertFieldsInRTB::extent() const {
+    using merge::MergeRecords;
+    return mergeFieldListUse_ == kWholeTables ? MergeRecords::Extent::wholeTable : MergeRecords::Extent::oneRecord;
 }
 
 void clsInsertFieldsInRTB::buildList() {
@@ -95,16 +100,20 @@ bool clsInsertFieldsInRTB::verifyFieldListIsPopulated() {
     return isPopulated;
 }
 
-std::optional<merge::RenameLocale> clsInsertFieldsInRTB::renameLocale() const {
-    std::optional<merge::RenameLocale> locale;
+merge::RenameLocale clsInsertFieldsInRTB::renameLocale() const {
+    merge::RenameLocale locale;
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-convertProvinceFields"};
-    routine.run([&] { locale = merge::RenameLocale{firmCountry(), firmProvince(), merge::isHarmonizedOn(today())}; });
+    routine.run([&] {
+        locale.country = firmCountry();
+        if (locale.country != country::kCanada) return;
+        locale.province = firmProvince();
+        locale.isHarmonized = merge::isHarmonizedOn(today());
+    });
     return locale;
 }
 
 std::string clsInsertFieldsInRTB::convertProvinceFields(std::string text) {
-    const auto locale = renameLocale();
-    return locale ? merge::renamesFor(*locale).apply(std::move(text)) : text;
+    return merge::renamesFor(renameLocale()).apply(std::move(text));
 }
 
 std::string clsInsertFieldsInRTB::convertFieldName(std::string_view text) {

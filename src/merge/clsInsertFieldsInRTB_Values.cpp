@@ -10,6 +10,7 @@
 #include "platform/ValueHelper.h"
 
 #include <cmath>
+#include <optional>
 
 namespace wmoutlook {
 
@@ -22,10 +23,12 @@ namespace fieldColumn = merge::fieldColumn;
 
 namespace {
 
-/// The number of a column for one of the tables of texts; -1, which none of them has, for a blank.
-std::int32_t numberForText(const Variant& value) {
-    if (isNullOrEmpty(value)) return kNoRecord;
-    return statement([&] { return merge::as16Bit(value); }, kNoRecord);
+/// The number of a column for one of the tables of texts; -1, which none of them has, for a blank. Nothing when it could not be read
+/// or is no such number: no text is made up for it.
+std::optional<std::int32_t> numberForText(const std::optional<Variant>& value) {
+    if (!value) return std::nullopt;
+    if (isNullOrEmpty(*value)) return kNoRecord;
+    return statement([&] { return std::optional<std::int32_t>{merge::as16Bit(*value)}; }, std::nullopt);
 }
 
 /// Hours as the host keeps them, in minutes; in single precision, as they were always shown.
@@ -56,8 +59,7 @@ std::string clsInsertFieldsInRTB::formatted(const Variant& value, DataType type,
 Variant clsInsertFieldsInRTB::valueOfRecord(const Field& field) {
     const std::int32_t id = merge::MergeRecords::idOf(field.source, *this);
     if (!isDatabaseOpen() || id < 0) return {};
-    using Extent = merge::MergeRecords::Extent;
-    records_.openIfClosed(field.source, id, mergeFieldListUse_ == kWholeTables ? Extent::wholeTable : Extent::oneRecord, lock());
+    records_.openIfClosed(field.source, id, extent(), lock());
     return records_.locate(field.source, id) ? getDataFieldFromRecordset(field) : Variant{};
 }
 
@@ -78,10 +80,11 @@ std::string clsInsertFieldsInRTB::getDataFieldInfo(std::int32_t rowIndex, std::s
 
 Variant clsInsertFieldsInRTB::getDataFieldFromRecordset(const Field& field) {
     const std::string& name = field.databaseField;
-    const auto column = [&](std::string_view wanted) {
+    const auto columnIfRead = [&](std::string_view wanted) {
         const Recordset* const records = records_.of(field.source);
-        return records != nullptr ? records->field(wanted) : Variant{};
+        return records != nullptr ? records->fieldIfRead(wanted) : std::nullopt;
     };
+    const auto column = [&](std::string_view wanted) { return columnIfRead(wanted).value_or(Variant{}); };
     Variant value;
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-getDataFieldFromRecordset"};
     routine.run([&] {
@@ -90,24 +93,22 @@ Variant clsInsertFieldsInRTB::getDataFieldFromRecordset(const Field& field) {
             case SourceKind::company:
                 if (const auto province = merge::unabbreviated(field.source, name))
                     value = merge::getAbbreviatedProvince(column(*province).toText());
-                else if (equalsTextually(name, "CompanyType"))
-                    value = merge::getCompanyTypeStringFromCompanyTypeNum(numberForText(column(name)), isUnitedStates());
-                else
+                else if (!equalsTextually(name, "CompanyType"))
                     value = column(name);
+                else if (const auto number = numberForText(columnIfRead(name)))
+                    value = merge::getCompanyTypeStringFromCompanyTypeNum(*number, isUnitedStates());
                 return;
             case SourceKind::client:
-                if (const auto textOfNumber = merge::textOfClientColumn(name))
-                    value = textOfNumber(numberForText(column(name)));
-                else
+                if (const auto textOfNumber = merge::textOfClientColumn(name); textOfNumber == nullptr)
                     value = column(name);
+                else if (const auto number = numberForText(columnIfRead(name)))
+                    value = textOfNumber(*number);
                 return;
             case SourceKind::appointment:
             case SourceKind::task:
             case SourceKind::docket:
                 if (!equalsTextually(name, "TimeDuration")) break;
-                value = statement([&]() -> Variant {
-                    return getTimeDurationFieldValue(column("TimeFrom").toDate(), column("TimeTo").toDate());
-                });
+                value = durationBetween(column("TimeFrom"), column("TimeTo"));
                 return;
             default: break;
         }
@@ -131,12 +132,17 @@ std::optional<Variant> clsInsertFieldsInRTB::inheritedValue(const std::string& n
     if (companyID < 0 || !contact.truth("InheritCompanyInfo")) return std::nullopt;
     const merge::InheritedField* const row = merge::inheritedField(name);
     if (row == nullptr) return std::nullopt;
-    records_.openIfClosed(SourceKind::company, companyID, merge::MergeRecords::Extent::oneRecord, lock());
+    records_.openIfClosed(SourceKind::company, companyID, extent(), lock());
     if (!records_.locate(SourceKind::company, companyID)) return std::nullopt;
     const Recordset& company = *records_.of(SourceKind::company);
     const Variant first = row->isOwnFirst ? contact.field(name) : company.field(row->ofCompany);
     if (!isNullOrEmpty(first)) return first;
     return row->isOwnFirst ? company.field(row->ofCompany) : contact.field(name);
+}
+
+Variant clsInsertFieldsInRTB::durationBetween(const Variant& from, const Variant& to) {
+    if (isNullOrEmpty(from) || isNullOrEmpty(to)) return {};
+    return statement([&]() -> Variant { return getTimeDurationFieldValue(from.toDate(), to.toDate()); });
 }
 
 std::string clsInsertFieldsInRTB::getTimeDurationFieldValue(Date timeFrom, Date timeTo) {

@@ -25,6 +25,7 @@ protected:
                                               {"HomeProvince", "Nfld."},
                                               {"Birthday", "1961-03-05"},
                                               {"Anniversary", "1899-12-29"},
+                                              {"SocialInsuranceNumber", "046 454 286"},
                                               {"SpouseBirthday", "1962-01-02"}});
         merge.companyID = company;
         merge.contactID = contact;
@@ -50,7 +51,7 @@ TEST_F(Merging, ValuesAreShownByTheirKind) {
              Case{"«Company Custom Field 1»", "own"},
              Case{"a «Unknown Field» b", "a  b"},
              Case{"<<City>>", "Laval"},
-             Case{"«Contact SSN»", ""},
+             Case{"«Contact SSN»", "046 454 286"},
              Case{"no marks", "no marks"},
              Case{"\\'abCity\\'bb and «City»", "Laval and Laval"},
          }) {
@@ -59,6 +60,75 @@ TEST_F(Merging, ValuesAreShownByTheirKind) {
     EXPECT_TRUE(host.errors->reports.empty());
     EXPECT_EQ(merged("[«Company Notes»]"), "[]");  // its search goes to a column that is not there
     EXPECT_EQ(host.errors->reports.size(), 1U);
+}
+
+/// Numbers that stand for texts, and a text for a blank.
+TEST_F(Merging, ClientsNumbersAreTexts) {
+    const std::int32_t client = add("ClientData", "ClientDataID", {{"CompanyIDNum", toText(company)}});
+    for (const auto& [table, key] :
+         std::initializer_list<std::pair<const char*, const char*>>{{"AccountingServices", "AccountingServiceID"},
+                                                                    {"ClientOptions", "ClientOptionID"},
+                                                                    {"CorpTaxInfo", "CorpTaxInfoID"},
+                                                                    {"LawInfo", "LawInfoID"},
+                                                                    {"OtherInfo", "OtherInfoID"},
+                                                                    {"WSIB_EHTInfo", "WSIB_EHTInfoID"}})
+        add(table, "", {{key, toText(client)}});
+    add("CompaniesNotes", "", {{"CompanyNum", toText(company)}});
+    const auto write = [&](const std::string& table, const std::string& column, const std::string& number) {
+        const RecordsetHandle rows =
+            host.database->openRecordset("SELECT " + table + ".* FROM " + table + ";", LockCode::updatable);
+        host.database->updateField(rows, column, number);
+        host.database->closeRecordset(rows);
+    };
+    const auto with = [&](const std::string& number) {
+        for (const auto* const column : {"RC59Permission", "RC59Status", "GSTFilingMethod", "FinancialStatements"})
+            if (!number.empty()) write("AccountingServices", column, number);
+        for (const auto* const column : {"CorporationType", "CorporationLevel"})
+            if (!number.empty()) write("CorpTaxInfo", column, number);
+        return merged(
+            "«RC59 Permission Level»|«RC59 Form Status»|«GST Filing Method»|«Financial Statements»|«Corporation Type»|"
+            "«Corporation Level»");
+    };
+    host.locale->provinceNumber = province::kAlberta;  // where the tax is called GST
+    EXPECT_EQ(with(""), "None|Not Filed|Not Specified|Not Specified|CCPC|Federal Corporation");
+    EXPECT_EQ(with("1"), "Full|Awaiting Signature|Traditional|Review Engagement|Regular Corporation|Federal Corporation");
+    EXPECT_EQ(with("2"),
+              "Limited|CRA Processing|Simple Method|Review Engagement with Differential Reporting|CCPC|Provincial Corporation");
+    EXPECT_EQ(with("3"), "None|Completed|Quick Method|Audit|CCPC|Federal Corporation");
+    EXPECT_TRUE(host.errors->reports.empty());
+}
+
+TEST_F(Merging, RecordsOfAllSourcesAreFound) {
+    merge.firmID = add("AccountantFirmInfo", "CompanyID", {{"City", "Hull"}});
+    add("ContactsNotes", "", {{"ContactNum", toText(contact)}, {"Notes", "Calls on Mondays"}});
+    merge.docketId = add("Dockets", "DocketID",
+                         {{"Subject", "Audit"},
+                          {"TimeFrom", "11:00:00"},
+                          {"TimeTo", "09:30:00"},
+                          {"DocketLocked", "True"},
+                          {"TotalAmountFinal", "-1234.5"},
+                          {"TotalTimeFinal", "1.5"}});
+    merge.ListType = clsInsertFieldsInRTB::kTimeEntry;
+    EXPECT_EQ(merged("«Your City»|«Contact Notes»|«Time Entry Name»|«Time Duration»"), "Hull|Calls on Mondays|Audit|1 hr 30 min");
+    EXPECT_EQ(merged("«Total Amount (Final)»|«Time Entry Locked»|«Is Invoiced»|«Total Time (Final)»"),
+              "$-1,234.50|Yes|No|1 hr 30 min");
+    EXPECT_TRUE(host.errors->reports.empty());
+    merge.docketId = add("Dockets", "DocketID", {{"Subject", "No times"}});
+    EXPECT_EQ(merged("[«Time Duration»]"), "[]");
+    EXPECT_TRUE(host.errors->reports.empty());
+}
+
+/// Recordsets that hold every record serve one record after the other.
+TEST_F(Merging, WholeTablesServeAllRecords) {
+    const std::int32_t other = addCompany(*host.database, {{"CompanyName", "Alder"}, {"City", "Ottawa"}});
+    merge.contactID = addContact(*host.database, {{"DisplayName", "I"}, {"InheritCompanyInfo", "True"}});
+    merge.MergeFieldListUse(clsInsertFieldsInRTB::kWholeTables);
+    bool skipList = true, clearList = true;
+    merge.createDefaultFieldListStructure(skipList, clearList);
+    EXPECT_EQ(merge.getMergeDataFromFieldName("BusinessCity"), "Laval");
+    merge.companyID = other;
+    EXPECT_EQ(merge.getMergeDataFromFieldName("BusinessCity"), "Ottawa");
+    EXPECT_EQ(merge.getMergeDataFromFieldName("CompanyName"), "Alder");
 }
 
 TEST_F(Merging, RichTextProtectsControlWordsAndBreaksLines) {
@@ -218,8 +288,9 @@ TEST(FieldTexts, NumbersMoneyAndProvinces) {
         double amount;
         std::string text;
     };
-    for (const Case& c :
-         {Case{0, "$0.00"}, Case{1234567.5, "$1,234,567.50"}, Case{-12.345, "$-12.35"}, Case{999.999, "$1,000.00"}})
+    for (const Case& c : {Case{0, "$0.00"}, Case{1234567.5, "$1,234,567.50"}, Case{-12.345, "$-12.35"},
+                          Case{999.999, "$1,000.00"}, Case{8.165, "$8.17"}, Case{1e16, "$10,000,000,000,000,000.00"},
+                          Case{-0.001, "$0.00"}, Case{1e-300, "$0.00"}, Case{123, "$123.00"}})
         EXPECT_EQ(merge::moneyText(c.amount), c.text);
     for (const auto& [spelling, code] :
          std::initializer_list<std::pair<const char*, const char*>>{{"alta.", "AB"},
@@ -232,7 +303,18 @@ TEST(FieldTexts, NumbersMoneyAndProvinces) {
                                                                     {"", ""},
                                                                     {"yt", "YT"}})
         EXPECT_EQ(merge::getAbbreviatedProvince(spelling), code);
-    EXPECT_EQ(merge::getFullProvinceString("b.c."), "British Columbia");
+    for (const auto& [code, name] : std::initializer_list<std::pair<const char*, const char*>>{{"b.c.", "British Columbia"},
+                                                                                               {"AB", "Alberta"},
+                                                                                               {"mb", "Manitoba"},
+                                                                                               {"ont", "Ontario"},
+                                                                                               {"SK", "Saskatchewan"},
+                                                                                               {"NB", "New Brunswick"},
+                                                                                               {"nl", "Newfoundland"},
+                                                                                               {"PEI", "Prince Edward Island"},
+                                                                                               {"nwt", "Northwest Territories"},
+                                                                                               {"NU", "Nunavut"},
+                                                                                               {"yt", "Yukon"}})
+        EXPECT_EQ(merge::getFullProvinceString(code), name);
     EXPECT_EQ(merge::getCompanyTypeStringFromCompanyTypeNum(2, true), "General Partnership");
     EXPECT_EQ(merge::getCompanyTypeStringFromCompanyTypeNum(12, false), "Unknown");
     EXPECT_EQ(merge::textOfClientColumn("RC59Status")(3), "Completed");

@@ -93,9 +93,12 @@ TEST_F(BadInput, FilesThatAreNotWhatTheyShouldBe) {
     std::ofstream{file("empty.db")};
     std::filesystem::copy_file(file("firm.db"), file("lacking.db"));
     OtherProcess{file("lacking.db")}.execute("DROP TABLE OutlookSync; PRAGMA wal_checkpoint(TRUNCATE)");
-    for (const char* firm : {"text.db", "empty.db", "lacking.db", "outlook.db", "missing.db", "."})
+    std::filesystem::copy_file(file("firm.db"), file("firm copy.db"));
+    std::filesystem::copy_file(file("outlook.db"), file("outlook copy.db"));
+    expectRefusal(syncOf("firm.db", "firm.db"), 2, "the same file");
+    for (const char* firm : {"text.db", "empty.db", "lacking.db", "outlook copy.db", "missing.db", "."})
         expectRefusal(syncOf(firm, "outlook.db"), 3, file(firm));
-    for (const char* outlook : {"text.db", "empty.db", "firm.db", "missing.db", "."}) {
+    for (const char* outlook : {"text.db", "empty.db", "firm copy.db", "missing.db", "."}) {
         expectRefusal(syncOf("firm.db", outlook), 3, file(outlook));
         expectRefusal({"outlook", file(outlook), "list"}, 3, file(outlook));
     }
