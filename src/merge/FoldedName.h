@@ -38,7 +38,7 @@ private:
         return all < 0x80;
     }
 
-    std::array<char, kUsualLength> usual_;  // what of it counts is written above
+    std::array<char, kUsualLength> usual_{};
     std::string other_;
     std::string_view text_;
 };

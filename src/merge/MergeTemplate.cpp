@@ -51,9 +51,7 @@ struct MergeTemplate::Replacement {
 };
 
 MergeTemplate::MergeTemplate(std::string text, std::shared_ptr<const Placeholders> placeholders)
-    : text_(std::move(text)), placeholders_(std::move(placeholders)) {
-    isOneReading_ = findStretches();
-}
+    : text_(std::move(text)), placeholders_(std::move(placeholders)), isOneReading_(findStretches()) {}
 
 /// False when one replacement can touch another.
 bool MergeTemplate::findStretches() {

@@ -100,7 +100,8 @@ ExitStatus listFields(const FieldsOptions& options, Console& console) {
     const auto firmPicks = std::make_shared<ListedPicks>();
     merge.ListBox = picks;
     merge.ListBox2 = firmPicks;
-    bool skipList = false, clearList = true;
+    bool skipList = false;
+    bool clearList = true;
     merge.createDefaultFieldListStructure(skipList, clearList);
     if (options.asJson) {
         const Json json{
@@ -246,7 +247,8 @@ class TemplateCheck {
 public:
     TemplateCheck(std::int32_t listType, bool isRich) : isRich_(isRich) {
         merge_.ListType = listType;
-        bool skipList = true, clearList = true;
+        bool skipList = true;
+        bool clearList = true;
         merge_.createDefaultFieldListStructure(skipList, clearList);
     }
     [[nodiscard]] std::vector<std::string> faultsOf(const std::string& text) {

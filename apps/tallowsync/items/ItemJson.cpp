@@ -57,7 +57,8 @@ Json itemToJson(const ListedItem& item) {
 }
 
 std::string itemToLine(const ListedItem& item) {
-    std::string title, start;
+    std::string title;
+    std::string start;
     if (item.type == ItemType::appointment)
         for (const auto& property : item.properties)
             if (property.name == "Start") start = toIsoText(property.value.toDate()) + "  ";
@@ -68,7 +69,7 @@ std::string itemToLine(const ListedItem& item) {
 }
 
 std::shared_ptr<outlook::port::Item> makeItem(outlook::port::Automation& store, const NewItem& item) {
-    const auto added = outlookstore::findFolder(store, item.folder)->items()->add(item.type);
+    auto added = outlookstore::findFolder(store, item.folder)->items()->add(item.type);
     for (const auto& [name, value] : item.properties) added->put(name, value);
     const auto userProperties = added->userProperties();
     for (const auto& property : item.userProperties) {

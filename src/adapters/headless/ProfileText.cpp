@@ -23,7 +23,7 @@ bool isQuoted(std::string_view text) {
     return text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
 }
 
-std::string quotedWhereNeeded(std::string value) {
+std::string quotedWhereNeeded(const std::string& value) {
     const bool isLost = isQuoted(value) || withoutBlanks(value).size() != value.size();
     return isLost ? '"' + value + '"' : value;
 }
