@@ -80,11 +80,14 @@ std::string clsInsertFieldsInRTB::getDataFieldInfo(std::int32_t rowIndex, std::s
 
 Variant clsInsertFieldsInRTB::getDataFieldFromRecordset(const Field& field) {
     const std::string& name = field.databaseField;
+    const auto column = [&](std::string_view wanted) {
+        const Recordset* const records = records_.of(field.source);
+        return records != nullptr ? records->field(wanted) : Variant{};
+    };
     const auto columnIfRead = [&](std::string_view wanted) {
         const Recordset* const records = records_.of(field.source);
         return records != nullptr ? records->fieldIfRead(wanted) : std::nullopt;
     };
-    const auto column = [&](std::string_view wanted) { return columnIfRead(wanted).value_or(Variant{}); };
     Variant value;
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-getDataFieldFromRecordset"};
     routine.run([&] {

@@ -148,7 +148,9 @@ constexpr NamedRecord kRecords[] = {
     {"--docket", &merge::MergeRecordIDs::docketId, Look::validDocketID},
 };
 
-const CLI::Range kRecordNumber{0, std::numeric_limits<std::int32_t>::max()};
+CLI::Range recordNumber() {
+    return {0, std::numeric_limits<std::int32_t>::max()};
+}
 
 /// By the kind of a calendar record.
 const NamedRecord& calendarRecordOf(std::int32_t kind) {
@@ -219,7 +221,7 @@ Action declareMerge(CLI::App& line) {
     std::vector<CLI::Option*> calendarRecords;
     for (const NamedRecord& record : kRecords) {
         auto* const option =
-            line.add_option(record.option, options->ids.*record.id, "The number of the record")->check(kRecordNumber);
+            line.add_option(record.option, options->ids.*record.id, "The number of the record")->check(recordNumber());
         if (&record < &calendarRecordOf(0)) continue;
         for (auto* const other : calendarRecords) option->excludes(other);
         calendarRecords.push_back(option);
@@ -267,7 +269,8 @@ private:
 
 /// The name that a fault says is not recognized.
 std::string unknownName(const std::string& fault) {
-    constexpr std::string_view kStart = "did not recognize: «", kEnd = "» as a valid placeholder field name.";
+    constexpr std::string_view kStart = "did not recognize: «";
+    constexpr std::string_view kEnd = "» as a valid placeholder field name.";
     const std::size_t start = fault.find(kStart);
     if (start == std::string::npos || !fault.ends_with(kEnd)) return {};
     return fault.substr(start + kStart.size(), fault.size() - kEnd.size() - start - kStart.size());
@@ -281,12 +284,13 @@ std::vector<std::string> checkTemplate(const CheckOptions& options, std::string 
                               {clsInsertFieldsInRTB::kTask, options.isRich},
                               {clsInsertFieldsInRTB::kTimeEntry, options.isRich}};
     for (;;) {
-        const auto faults = first.faultsOf(text);
+        auto faults = first.faultsOf(text);
         const std::string name = faults.empty() ? std::string{} : unknownName(faults.front());
         const auto knowsIt = [&](TemplateCheck& other) { return other.knows(name); };
         if (name.empty() || std::none_of(std::begin(others), std::end(others), knowsIt)) return faults;
         const merge::Marks& marks = options.isRich ? merge::kEscapedMarks : merge::kPlainMarks;
-        const std::string open{marks.open}, close{marks.close};
+        const std::string open{marks.open};
+        const std::string close{marks.close};
         std::string better = replaceTextually(text, open + name + close, open + "Company Name" + close);
         better = replaceTextually(better, open + "(" + name + ",", open + "(Company Name,");
         if (better == text) return faults;  // written with blanks of its own
@@ -331,7 +335,7 @@ Action declareDisplayText(CLI::App& line) {
     const auto options = std::make_shared<DisplayOptions>();
     declareFirm(line, options->host, options->now);
     line.add_option("--kind", options->kind, "0 an appointment, 1 a task, 2 a time entry")->required()->check(CLI::Range(0, 2));
-    line.add_option("--id", options->id, "The number of the record")->required()->check(kRecordNumber);
+    line.add_option("--id", options->id, "The number of the record")->required()->check(recordNumber());
     line.add_option("--user", options->user, "The number of the user whose template it is")->required();
     line.add_flag("--json", options->asJson, "Print JSON: text, errors");
     return [options](Console& console) {

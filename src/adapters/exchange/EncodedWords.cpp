@@ -54,7 +54,8 @@ std::string quotedPrintable(std::string_view character) {
 
 /// Cut between characters; readers join the words again.
 std::string encodedWords(std::string_view text) {
-    std::string words, word;
+    std::string words;
+    std::string word;
     const auto finish = [&] {
         words.append(words.empty() ? "" : "\n ").append("=?UTF-8?Q?").append(word).append("?=");
         word.clear();

@@ -42,7 +42,7 @@ const std::array<std::string, 256>& characters() {
 
 char ansiCharacter(std::string_view character) {
     const auto& all = characters();
-    const auto found = std::find(all.begin(), all.end(), character);
+    const auto* const found = std::find(all.begin(), all.end(), character);
     return found == all.end() ? '?' : static_cast<char>(found - all.begin());
 }
 

@@ -94,7 +94,7 @@ public:
     /// As rows(), of those that pass all conditions; with `isBehindKey` of those with a greater key, bound last.
     Search& search(const std::vector<Condition>& conditions, bool isBehindKey);
 
-    Statement& update(std::size_t field);   ///< binds the value and the row's key; leaves an equal value alone
+    Statement& update(std::size_t index);   ///< binds the value and the row's key; leaves an equal value alone
     Statement& remove();                    ///< binds the row's key
     Statement& exists(std::size_t source);  ///< binds the row's key
     Statement& insert(const std::vector<std::size_t>& fields);
@@ -107,7 +107,7 @@ private:
     [[nodiscard]] std::string keyList() const;
     [[nodiscard]] std::string text(const std::string& list, const std::string& condition) const;
     [[nodiscard]] std::string conditionText(const std::vector<Condition>& conditions, bool isBehindKey) const;
-    Statement& prepared(const std::string& text, TextOrigin origin = TextOrigin::adapter);
+    Statement& prepared(const std::string& sql, TextOrigin origin = TextOrigin::adapter);
 
     Driver& driver_;
     Select select_;
