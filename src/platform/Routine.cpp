@@ -2,6 +2,7 @@
 
 #include "platform/Errors.h"
 
+#include <new>
 #include <string>
 
 namespace wmoutlook {

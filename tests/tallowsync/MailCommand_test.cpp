@@ -17,10 +17,10 @@ protected:
 };
 
 TEST_F(MailCommand, ASentMailLiesInTheOutboxAndIsExported) {
-    const Result sent =
-        mail({"--to", "anne@example.ca", "--to", "Zoé <zoe@example.ca>", "--bcc", "x@example.ca", "--subject", "Été", "--body",
-              "-", "--attach", file("return.pdf") + "=Return 2025.pdf", "--attach", file("a=b.txt"), "--send", "--json"},
-             "Bonjour\nà tous");
+    const Result sent = mail({"--to", "anne@example.ca", "--to", "Zoé <zoe@example.ca>", "--bcc", "x@example.ca", "--subject",
+                              "Été", "--body", "-", "--attach", file("return.pdf") + "=Return 2025.pdf", "--attach",
+                              file("a=b.txt"), "--attach", file("a=b.txt") + "=x=y", "--send", "--json"},
+                             "Bonjour\nà tous");
     ASSERT_EQ(sent.err, "");
     const Json json = sent.json();
     EXPECT_EQ(json["Folder"], "Outbox");
@@ -29,6 +29,7 @@ TEST_F(MailCommand, ASentMailLiesInTheOutboxAndIsExported) {
     EXPECT_EQ(json["Recipients"][2], Json::parse(R"({"Type": 3, "Name": "x@example.ca", "Address": "x@example.ca"})"));
     EXPECT_EQ(json["Attachments"][0]["DisplayName"], "Return 2025.pdf");
     EXPECT_EQ(json["Attachments"][1], Json::parse(R"({"FileName": "a=b.txt", "DisplayName": "a=b.txt", "Size": 2})"));
+    EXPECT_EQ(json["Attachments"][2]["DisplayName"], "x=y");
     EXPECT_EQ(outlook({"list", "--folder", "Outbox", "--json"}).json()[0], json);
     EXPECT_EQ(outlook({"export", file("newest.eml")}).err, "");
     EXPECT_EQ(outlook({"export", file("same.EML"), "--item", json["EntryID"]}).err, "");

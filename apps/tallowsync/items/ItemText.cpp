@@ -56,6 +56,8 @@ Json readItemText(std::istream& in) {
     } catch (const Json::parse_error& error) {  // its own text would show what was read
         throw InputError{"Standard input is no valid JSON, at byte " + std::to_string(error.byte) +
                          "; 'tallowsync outlook FILE list --json' shows the shape"};
+    } catch (const Json::exception&) {
+        throw InputError{"Standard input holds a number that is too large"};
     }
 }
 

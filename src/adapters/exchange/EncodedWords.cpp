@@ -80,9 +80,11 @@ std::string encodedText(std::string_view text) {
 
 std::string encodedPhrase(std::string_view name) {
     constexpr std::string_view kAtoms = " !#$%&'*+-/0123456789=?ABCDEFGHIJKLMNOPQRSTUVWXYZ^_`abcdefghijklmnopqrstuvwxyz{|}~";
-    if (!isPlain(name) || name.size() > kLongestPiece) return encodedWords(name);
-    if (!name.empty() && name.find_first_not_of(kAtoms) == std::string_view::npos) return std::string{name};
-    return '"' + replaceAll(replaceAll(std::string{name}, "\\", "\\\\"), "\"", "\\\"") + '"';
+    const std::string quoted = '"' + replaceAll(replaceAll(std::string{name}, "\\", "\\\\"), "\"", "\\\"") + '"';
+    if (!isPlain(name) || quoted.size() > kLongestPiece) return encodedWords(name);
+    const bool isAtoms = name.find_first_not_of(kAtoms) == std::string_view::npos;
+    const bool isOneByOne = name.find("  ") == std::string_view::npos;  // readers make one blank of several
+    return !name.empty() && isAtoms && isOneByOne ? std::string{name} : quoted;
 }
 
 }  // namespace wmoutlook::exchange

@@ -106,6 +106,11 @@ StoreItem::StoreItem(std::shared_ptr<Instance> instance, std::shared_ptr<const S
       mail_(mailPartsOf(instance_, head_, data_)),
       occurrenceDay_(occurrenceDay) {}
 
+const ItemData& StoreItem::data() const {
+    if (mail_) mail_->bringAddressLinesUpToDate();
+    return *data_;
+}
+
 std::string StoreItem::entryID() const {
     return head_.number == 0 ? std::string{} : entryIDOf(store_->key, EntryKind::item, head_.number);
 }

@@ -32,7 +32,7 @@ public:
     void send() override;
 
     [[nodiscard]] const ItemHead& head() const { return head_; }
-    [[nodiscard]] const ItemData& data() const { return *data_; }
+    [[nodiscard]] const ItemData& data() const;
     [[nodiscard]] const StoreRow& store() const { return *store_; }
     [[nodiscard]] const std::shared_ptr<Instance>& instance() const { return instance_; }
     [[nodiscard]] std::string entryID() const;  ///< empty until the first save

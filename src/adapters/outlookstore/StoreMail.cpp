@@ -157,13 +157,14 @@ void MailParts::requireAddresses() {
 
 /// As Outlook shows them: the names, in order.
 void MailParts::bringAddressLinesUpToDate() const {
-    if (!std::exchange(areLinesStale_, false)) return;
+    if (!areLinesStale_) return;
     for (const AddressLine& line : kAddressLines) {
         std::string names;
         for (const RecipientRow& recipient : recipients_)
             if (recipient.type == line.type) names.append(names.empty() ? "" : "; ").append(recipient.name);
         data_->set(indexOf(*data_, line.property), Variant{std::move(names)});
     }
+    areLinesStale_ = false;
 }
 
 void MailParts::addAttachment(std::string_view path) {

@@ -3,6 +3,7 @@
 #include "platform/Errors.h"
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <csignal>
 #include <fstream>
 
@@ -85,12 +86,16 @@ TEST_F(StoreMail, AHandleThatMissedTheSendingCannotUndoIt) {
     const Session session{path};
     const auto mail = newMail(session);
     mail->recipients()->add("anne@example.ca");
+    EXPECT_EQ(mail->get("To").toText(), "anne@example.ca");
+    mail->recipients()->item(1)->setType(RecipientType::cc);
+    EXPECT_EQ(mail->get("To").toText() + mail->get("CC").toText(), "anne@example.ca");
     mail->save();
     const auto late = session.item(mail->get("EntryID").toText());
     mail->send();
     late->put("Subject", "Late");
     EXPECT_NE(messageOf([&] { late->save(); }).find("has been sent"), std::string::npos);
     EXPECT_NE(messageOf([&] { late->send(); }).find("has been sent"), std::string::npos);
+    EXPECT_NO_THROW(late->display(false));
     EXPECT_EQ(count(session, DefaultFolder::outbox), 1);
     EXPECT_EQ(count(session, DefaultFolder::drafts), 0);
 }
@@ -121,7 +126,8 @@ TEST_F(StoreMail, ARecipientIsAnAddressOrOneContact) {
                           Case{"<luc@example.ca>", "luc@example.ca", "luc@example.ca"}, Case{"Twin", "Twin", "twin@example.ca"},
                           Case{"Luc Roy", "Luc Roy", ""}, Case{"No Address", "No Address", ""},
                           Case{"Bad Address", "Bad Address", ""}, Case{"Zoé", "Zoé", ""}, Case{"a@b@c", "a@b@c", ""},
-                          Case{"a b@example.ca", "a b@example.ca", ""}, Case{"anne@-example.ca", "anne@-example.ca", ""}}) {
+                          Case{"a b@example.ca", "a b@example.ca", ""}, Case{"anne@-example.ca", "anne@-example.ca", ""},
+                          Case{"a..b@example.ca", "a..b@example.ca", ""}, Case{".a@example.ca", ".a@example.ca", ""}}) {
         SCOPED_TRACE(c.text);
         const auto recipient = newMail(session)->recipients()->add(c.text);
         EXPECT_EQ(recipient->resolve(), !c.address.empty());
@@ -148,12 +154,13 @@ TEST_F(StoreMail, WhatCannotBeIsRefusedWithoutTheName) {
     };
     std::filesystem::create_directory(folder.path() / "sub");
     std::filesystem::create_symlink("nowhere", folder.path() / "dangling");
+    ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);
     std::ofstream{folder.file("huge")};
     std::filesystem::resize_file(folder.file("huge"), 151U * 1024 * 1024);
     for (const Case& c :
          {Case{"", "no such file"}, Case{folder.file("none.pdf"), "no such file"}, Case{folder.file("sub"), "a folder"},
           Case{folder.file("dangling"), "no such file"}, Case{"/dev/zero", "no regular file"},
-          Case{written("a.pdf", "x") + std::string{"\0b", 2}, "no such file"},
+          Case{folder.file("pipe"), "no regular file"}, Case{written("a.pdf", "x") + std::string{"\0b", 2}, "no such file"},
           Case{folder.file("huge"), "together may have 150 MB"}}) {
         const std::string message = messageOf([&] { mail->attachments()->add(c.attached); });
         EXPECT_NE(message.find(c.said), std::string::npos) << c.attached << ": " << message;
