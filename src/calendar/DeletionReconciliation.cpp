@@ -67,7 +67,9 @@ void DeletionReconciliation::deleteMissingTallowbrookApptsInOutlook(std::string_
                   if (!entryID) return;
                   // Errors are not ignored here: an item that Outlook does not give is a failure, and so is deleting nothing.
                   const outlook::Item item = run_.outlook.nameSpace.getItemFromID(*entryID, storeID);
-                  const bool isOwn = item.isNothing() || isOfType(item, table_.itemType);
+                  const auto isOwnIfTold = item.isNothing() ? true : isOfTypeIfTold(item, table_.itemType);
+                  if (!isOwnIfTold) return;
+                  const bool isOwn = *isOwnIfTold;
                   if (!isOwn) statement([] { throw OutlookError{-1, "A link leads to an item of another type, which stays"}; });
                   // What could not be deleted is still there, and its link with it.
                   if (isOwn && !item.remove() && !item.isNothing()) return;
@@ -88,7 +90,8 @@ void DeletionReconciliation::deleteMissingOutlookApptsInTallowbrook(std::string_
                       const KeptPosition position{link};
                       deleteInHost(table_, hostID);
                   }
-                  if (isInHost(table_, hostID) == false) link.deleteRecord();  // not while the row is, or may be, there
+                  // Not while the row is, or may be, there, nor when the position could not be kept.
+                  if (isInHost(table_, hostID) == false && !link.isAtEnd()) link.deleteRecord();
               });
 }
 

@@ -110,16 +110,17 @@ void CalendarLinks::saveAppointmentOutlookID(std::int32_t hostID, std::string_vi
         const auto isLinked = links.findFirstIfTold(table_.linkField, hostID);
         if (!isLinked || (!*isLinked && !links.addNew())) return;
         const bool isKnown = *isLinked;
-        bool isWhole = true;
+        bool hasKeys = true;
         const auto put = [&](std::string_view field, std::string_view value) {
-            if (!(isKnown ? links.update(field, value) : links.set(field, value))) isWhole = false;
+            return isKnown ? links.update(field, value) : links.set(field, value);
         };
-        put("DataFileID", run_.options.dataFileUniqueID);
-        if (!isKnown) put(table_.linkField, toText(hostID));
-        put("OutlookID", entryID);
-        put("FolderStoreID", storeID);
+        const auto putKey = [&](std::string_view field, std::string_view value) { hasKeys = put(field, value) && hasKeys; };
+        putKey("DataFileID", run_.options.dataFileUniqueID);
+        if (!isKnown) putKey(table_.linkField, toText(hostID));
+        putKey("OutlookID", entryID);
+        putKey("FolderStoreID", storeID);
         put("DateLastSync", toIsoText(now()));
-        if (!isKnown && isWhole) links.save();  // a link without one of its keys would never be found again
+        if (!isKnown && hasKeys) links.save();  // a link without one of them would never be found again
     });
 }
 

@@ -28,7 +28,7 @@ SeriesNumber findSeriesNumber(Recordset& links) {
         if (number && *number >= 0) return {number, true};
         if (number) ++readCount;
     }
-    return {std::nullopt, hasRows.value_or(false) && readCount == links.recordCount()};
+    return {std::nullopt, hasRows.value_or(false) && readCount > 0 && readCount == links.recordCount()};
 }
 
 }  // namespace
@@ -74,20 +74,21 @@ void CalendarLinks::saveOutlookAppointmentID(std::string_view entryID, std::int3
         const auto isLinked = links.findFirstIfTold("OutlookID", entryID);
         if (!isLinked || (!*isLinked && !links.addNew())) return;
         const bool isKnown = *isLinked;
-        bool isWhole = true;
+        bool hasKeys = true;
         const auto put = [&](std::string_view field, std::string_view value) {
-            if (!(isKnown ? links.update(field, value) : links.set(field, value))) isWhole = false;
+            return isKnown ? links.update(field, value) : links.set(field, value);
         };
-        put("DataFileID", run_.options.dataFileUniqueID);
-        put(table_.linkField, toText(hostID));
-        put("FolderStoreID", storeID);
+        const auto putKey = [&](std::string_view field, std::string_view value) { hasKeys = put(field, value) && hasKeys; };
+        putKey("DataFileID", run_.options.dataFileUniqueID);
+        putKey(table_.linkField, toText(hostID));
+        putKey("FolderStoreID", storeID);
         put("DateLastSync", toIsoText(now()));
-        put("IsRecurringItem", toText(occurrence.isRecurring));
-        if (occurrence.isRecurring) put("RecurringItemDate", toIsoText(occurrence.day));
+        putKey("IsRecurringItem", toText(occurrence.isRecurring));
+        if (occurrence.isRecurring) putKey("RecurringItemDate", toIsoText(occurrence.day));
         put("RepeatNum", occurrence.isRecurring && repeatNum >= 0 ? toText(repeatNum) : std::string{});
         if (isKnown) return;
-        put("OutlookID", entryID);
-        if (isWhole) links.save();
+        putKey("OutlookID", entryID);
+        if (hasKeys) links.save();
     });
 }
 

@@ -180,16 +180,16 @@ std::int32_t ContactLinks::getTallowbrookContactIDFromOutlookID(std::string_view
 void ContactLinks::addLink(const Recordset& links, HostField field, std::int32_t number, std::string_view entryID,
                            std::string_view storeID) const {
     if (!links.addNew()) return;
-    bool isWhole = true;
-    const auto set = [&](std::string_view name, std::string_view value) {
-        if (!links.set(name, value)) isWhole = false;
+    bool hasKeys = true;
+    const auto setKey = [&](std::string_view name, std::string_view value) {
+        if (!links.set(name, value)) hasKeys = false;
     };
-    set("DataFileID", run_.options.dataFileUniqueID);
-    set(nameOf(field), toText(number));
-    set("OutlookID", entryID);
-    set("FolderStoreID", storeID);
-    set("DateLastSync", todayAsText());
-    if (isWhole) links.save();  // a link without one of its keys would never be found again
+    setKey("DataFileID", run_.options.dataFileUniqueID);
+    setKey(nameOf(field), toText(number));
+    setKey("OutlookID", entryID);
+    setKey("FolderStoreID", storeID);
+    links.set("DateLastSync", todayAsText());
+    if (hasKeys) links.save();  // a link without one of them would never be found again
 }
 
 void ContactLinks::saveByHostNumber(HostField field, std::int32_t number, std::string_view entryID,

@@ -19,11 +19,16 @@ std::string targetStore(SyncRun& run, outlook::DefaultFolder folder) {
     return chosen.storeID();
 }
 
-bool isOfType(const outlook::Item& item, outlook::ItemType type) {
+std::optional<bool> isOfTypeIfTold(const outlook::Item& item, outlook::ItemType type) {
     if (item.isNothing()) return false;
-    const auto itemClass =
-        quietly([&]() -> std::optional<std::int32_t> { return item.get(outlook::property::Class).toInteger(); });
-    return !itemClass || *itemClass == static_cast<std::int32_t>(outlook::classOf(type));
+    const Variant told = item.get(outlook::property::Class);
+    const auto itemClass = quietly([&] { return std::optional{told.toInteger()}; });
+    if (!itemClass) return std::nullopt;
+    return *itemClass == static_cast<std::int32_t>(outlook::classOf(type));
+}
+
+bool isOfType(const outlook::Item& item, outlook::ItemType type) {
+    return isOfTypeIfTold(item, type).value_or(true);
 }
 
 outlook::Item itemToWrite(const SyncRun& run, outlook::ItemType type, std::string_view entryID, std::string_view storeID) {

@@ -24,6 +24,8 @@ inline constexpr std::string_view kNothingWritten = "-1";
 /// Whether there is an item and it is of this type. One that does not tell its class passes, when the host goes on: what is linked was of
 /// the right one.
 [[nodiscard]] bool isOfType(const outlook::Item& item, outlook::ItemType type);
+/// Nothing when the class could not be read: what is deleted waits for a certain answer.
+[[nodiscard]] std::optional<bool> isOfTypeIfTold(const outlook::Item& item, outlook::ItemType type);
 
 /// The linked item, or a new one in the run's folder (in the default folder of its type when none is named): an item that was
 /// deleted in Outlook comes back, and an item of another type is not touched. A blank entryID is no link.

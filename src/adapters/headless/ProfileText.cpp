@@ -60,7 +60,8 @@ public:
 
     bool read(Line& line) {
         if (next_ >= bytes_.size()) return false;
-        const std::size_t newLine = std::min(bytes_.find('\n', next_), bytes_.size());
+        if (!newLine_ || *newLine_ < next_) newLine_ = std::min(bytes_.find('\n', next_), bytes_.size());
+        const std::size_t newLine = *newLine_;
         line.start = next_;
         line.lineEnd = next_ + std::min(bytes_.substr(next_, newLine - next_).find('\r'), newLine - next_);
         const bool isPair = line.lineEnd + 1 == newLine;  // a carriage return alone ends a line too
@@ -79,6 +80,7 @@ private:
 
     std::string_view bytes_;
     std::size_t next_;
+    std::optional<std::size_t> newLine_;  ///< the next one, which lone carriage returns do not pass
 };
 
 struct ProfileText::Section {

@@ -113,13 +113,15 @@ ListedItem listed(const StoreItem& item, std::string folder) {
     return result;
 }
 
-/// The next that can be read: reading goes on behind an item that cannot. The same failure twice is one of the file.
+/// The next that can be read: reading goes on behind an item that cannot. The same failure twice at the same position is one of the
+/// file.
 template <class Read>
-auto nextReadable(const Unreadable& unreadable, Read read) -> std::invoke_result_t<Read> {
-    for (std::string last;;) try {
+auto nextReadable(const Unreadable& unreadable, const std::int64_t& position, Read read) -> std::invoke_result_t<Read> {
+    std::string last;
+    for (std::int64_t at = position;; at = position) try {
             return read();
         } catch (const OutlookError& error) {
-            if (!unreadable || last == error.what()) throw;
+            if (!unreadable || (last == error.what() && position == at)) throw;
             last = error.what();
             unreadable(last);
         }
@@ -129,8 +131,12 @@ void visitItems(const std::shared_ptr<Instance>& instance, const FolderRow& fold
                 const std::function<void(const ListedItem&)>& visit, const Unreadable& unreadable) {
     ItemStorage& items = instance->file().items();
     std::int64_t position = 0;
-    while (auto loaded = nextReadable(unreadable, [&] { return items.next(folder.number, position, nullptr, {}); }))
-        visit(listed(StoreItem{instance, folder.store, std::move(*loaded)}, path));
+    const auto next = [&]() -> std::optional<ListedItem> {
+        auto loaded = items.next(folder.number, position, nullptr, {});
+        if (!loaded) return std::nullopt;
+        return listed(StoreItem{instance, folder.store, std::move(*loaded)}, path);
+    };
+    while (const auto item = nextReadable(unreadable, position, next)) visit(*item);
 }
 
 /// `Item` is an item of the object model, const or not.
@@ -196,8 +202,12 @@ void forEachOccurrence(Automation& store, std::optional<std::string_view> folder
     visitFolders(store, folderPath, [&](const FolderRow& folder, const std::string& path) {
         ViewTerms terms{folder.number, {{Filter::parse(filter), true}}, sortOrder("Start", false), true};
         const auto walk = makeWalk(instance->file(), terms);
-        while (auto walked = nextReadable(unreadable, [&] { return walk->next(); }))
-            visit(listed(StoreItem{instance, folder.store, std::move(walked->item), walked->occurrenceDay}, path));
+        const auto next = [&]() -> std::optional<ListedItem> {
+            auto walked = walk->next();
+            if (!walked) return std::nullopt;
+            return listed(StoreItem{instance, folder.store, std::move(walked->item), walked->occurrenceDay}, path);
+        };
+        while (const auto item = nextReadable(unreadable, 0, next)) visit(*item);
     });
 }
 
