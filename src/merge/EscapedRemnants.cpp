@@ -1,9 +1,9 @@
 #include "merge/EscapedRemnants.h"
 
-#include "merge/MarkScan.h"
 #include "merge/Marks.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace wmoutlook::merge {
 
@@ -11,71 +11,185 @@ namespace {
 
 constexpr std::string_view kOpen = kEscapedMarks.open;
 constexpr std::string_view kClose = kEscapedMarks.close;
-constexpr std::size_t kNone = std::string_view::npos;
-
-/// Grows by a byte at a time (FNV-1a).
-constexpr std::uint64_t kEmptyHash = 0xCBF29CE484222325;
-constexpr std::uint64_t grown(std::uint64_t hash, char c) {
-    return (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
-}
 
 }  // namespace
 
-std::size_t EscapedRemnants::closeBehind(std::size_t open) {
-    if (close_ != kNone && close_ < open + kOpen.size()) close_ = text_.find(kClose, open + kOpen.size());
-    return close_;
+void EscapedRemnants::readPiece() {
+    const std::size_t end = std::min(text_.find('\\', read_ + 1), text_.size());
+    const Index index = pieces_.size();
+    Piece& piece = pieces_.emplace_back();
+    piece.text = text_.substr(read_, end - read_);
+    piece.rest = TextDigest{std::string_view{piece.text}.substr(1)};
+    piece.digest = joined(TextDigest{"\\"}, piece.rest);
+    piece.through = joined(index == 0 ? TextDigest{} : pieces_[index - 1].through, TextDigest::ofElement(piece.digest));
+    piece.previous = std::exchange(last_, index);
+    (piece.previous == kNone ? first_ : pieces_[piece.previous].next) = index;
+    noteMark(index);
+    read_ = end;
 }
 
-void EscapedRemnants::remember(std::string_view remnant) {
-    std::uint64_t hash = kEmptyHash;
-    for (const char c : remnant) hash = grown(hash, c);
-    known_.try_emplace({remnant, hash}, known_.size());
-    const auto backslashes = static_cast<std::size_t>(std::count(remnant.begin(), remnant.end(), '\\'));
-    if (isCountKnown_.size() <= backslashes) isCountKnown_.resize(backslashes + 1);
-    isCountKnown_[backslashes] = true;
+void EscapedRemnants::noteMark(Index index) {
+    const std::string_view text = pieces_[index].text;
+    if (text.starts_with(kOpen)) opens_.insert(index);
+    if (text.starts_with(kClose)) closes_.insert(index);
 }
 
-std::size_t EscapedRemnants::endOfKnown(std::size_t open, std::size_t limit) const {
-    std::size_t end = kNone;
-    std::size_t turn = known_.size();
-    std::size_t backslashes = 0;
-    std::uint64_t hash = kEmptyHash;
-    for (std::size_t at = open; at < limit; ++at) {
-        hash = grown(hash, text_[at]);
-        if (text_[at] != '\\') continue;
-        if (++backslashes >= isCountKnown_.size()) break;
-        if (!isCountKnown_[backslashes]) continue;
-        const auto known = known_.find({text_.substr(open, at + 1 - open), hash});
-        if (known == known_.end() || known->second >= turn) continue;
-        turn = known->second;
-        end = at + 1;
+/// Through the next closing mark.
+bool EscapedRemnants::readOn() {
+    if (read_ == text_.size()) return false;
+    const Index from = pieces_.size();
+    do readPiece();
+    while (read_ < text_.size() && !pieces_.back().text.starts_with(kClose));
+    findKnown(from);
+    return true;
+}
+
+/// In pieces that stand as they were read.
+void EscapedRemnants::findKnown(Index from) {
+    for (auto open = opens_.lower_bound(from); open != opens_.end(); ++open) {
+        const TextDigest front = *open == 0 ? TextDigest{} : pieces_[*open - 1].through;
+        for (const std::size_t length : lengths_) {
+            if (*open + length >= pieces_.size()) break;
+            const auto known =
+                turns_.find(withoutFront(pieces_[*open + length - 1].through, front, pieces_[length - 1].through).hash());
+            if (known != turns_.end()) places_.push({known->second.front(), *open});
+        }
     }
-    return end;
 }
 
-bool EscapedRemnants::isAnyKnownWithin(std::size_t open, std::size_t limit) const {
-    if (known_.empty()) return false;
-    const std::string_view text = text_.substr(0, limit);
-    for (std::size_t at = text.find(kOpen, open + kOpen.size()); at != kNone; at = text.find(kOpen, at + kOpen.size()))
-        if (endOfKnown(at, limit) != kNone) return true;
-    return false;
-}
-
-std::optional<std::string> EscapedRemnants::removeAll() {
-    std::string left;
-    std::size_t done = 0;
-    for (std::size_t open = text_.find(kOpen); open != kNone; open = text_.find(kOpen, done)) {
-        const std::size_t close = closeBehind(open);
-        const std::size_t limit = close == kNone ? text_.size() : close + 1;
-        if (isAnyKnownWithin(open, limit)) return std::nullopt;
-        const std::size_t end = endOfKnown(open, limit);
-        if (end == kNone && close == kNone) break;
-        left.append(text_.substr(done, open - done));
-        if (end != kNone && end != limit && endsInsideOfMark(left, kEscapedMarks)) return std::nullopt;
-        if (end == kNone) remember(text_.substr(open, limit - open));
-        done = end == kNone ? limit : end;
+/// Wherever a piece that has changed could be part of a remnant.
+void EscapedRemnants::findKnownAround(Index changed) {
+    if (!pieceHashes_.contains(pieces_[changed].digest.hash())) return;
+    Index index = changed;
+    for (std::size_t length = 1; index != kNone && length <= *lengths_.rbegin(); ++length, index = pieces_[index].previous) {
+        if (closes_.contains(index)) return;
+        if (opens_.contains(index)) findKnownFrom(index);
     }
-    return left.append(text_.substr(done));
+}
+
+void EscapedRemnants::findKnownFrom(Index open) {
+    TextDigest digest;
+    std::size_t length = 0;
+    Turn changed = 0;
+    for (Index index = open; pieces_[index].next != kNone && length < *lengths_.rbegin() && !closes_.contains(index);
+         index = pieces_[index].next) {
+        digest = joined(digest, TextDigest::ofElement(pieces_[index].digest));
+        changed = std::max(changed, pieces_[index].changed);
+        if (!lengths_.contains(++length)) continue;
+        const auto known = turns_.find(digest.hash());
+        if (known == turns_.end()) continue;
+        const auto turn = std::upper_bound(known->second.begin(), known->second.end(), changed);
+        if (turn != known->second.end()) places_.push({*turn, open});
+    }
+}
+
+/// The piece whose backslash goes with the remnant; none when it does not stand there, or did not when its turn came.
+EscapedRemnants::Index EscapedRemnants::endOf(const Place& place) const {
+    std::string_view rest = remnants_[place.turn - 1].text;
+    Index index = place.open;
+    for (std::size_t count = remnants_[place.turn - 1].pieces; count > 0 && index != kNone; --count) {
+        const Piece& piece = pieces_[index];
+        if (piece.isGone || piece.changed >= place.turn || !rest.starts_with(piece.text)) return kNone;
+        rest.remove_prefix(piece.text.size());
+        index = piece.next;
+    }
+    return rest.empty() ? index : kNone;
+}
+
+void EscapedRemnants::removeKnown() {
+    while (!places_.empty()) {
+        const Place place = places_.top();
+        places_.pop();
+        const Index end = endOf(place);
+        if (end != kNone) remove(place, end);
+    }
+}
+
+/// What stands behind the backslash joins what is in front.
+void EscapedRemnants::remove(const Place& place, Index end) {
+    const bool wasLast = end == last_;
+    const Index front = pieces_[place.open].previous;
+    const Index kept = front == kNone ? place.open : front;
+    const std::string rest = std::move(pieces_[end].text);
+    const Turn changed = std::max(pieces_[end].changed, front == kNone ? leftChanged_ : 0);
+    if (front == kNone) startWithUnfinishedMark(pieces_[kept]);
+    for (Index index = place.open;; index = pieces_[index].next) {
+        opens_.erase(index);
+        closes_.erase(index);
+        if (index != kept) pieces_[index].isGone = true;
+        if (index == end) break;
+    }
+    Piece& joint = pieces_[kept];
+    joint.text.append(rest, 1);
+    joint.rest = joined(joint.rest, pieces_[end].rest);
+    joint.digest = joined(joint.digest, pieces_[end].rest);
+    joint.changed = std::max({joint.changed, changed, place.turn});
+    joint.next = pieces_[end].next;
+    (joint.next == kNone ? last_ : pieces_[joint.next].previous) = kept;
+    noteMark(kept);
+    if (wasLast) static_cast<void>(readOn());
+    findKnownAround(kept);
+}
+
+/// Taken back from what is certain: a mark that lacks its last characters may get them.
+void EscapedRemnants::startWithUnfinishedMark(Piece& piece) {
+    piece.text.clear();
+    for (const std::string_view mark : {kOpen, kClose})
+        for (std::size_t length = 1; length < mark.size(); ++length)
+            if (left_.ends_with(mark.substr(0, length))) piece.text = mark.substr(0, length);
+    left_.resize(left_.size() - piece.text.size());
+    piece.digest = TextDigest{piece.text};
+    piece.rest = TextDigest{std::string_view{piece.text}.substr(piece.text.empty() ? 0 : 1)};
+}
+
+void EscapedRemnants::remember(Index open, Index close) {
+    Remnant remnant;
+    TextDigest digest;
+    for (Index index = open; index != close; index = pieces_[index].next) {
+        const Piece& piece = pieces_[index];
+        remnant.text += piece.text;
+        ++remnant.pieces;
+        digest = joined(digest, TextDigest::ofElement(piece.digest));
+        pieceHashes_.insert(piece.digest.hash());
+    }
+    lengths_.insert(remnant.pieces);
+    remnants_.push_back(std::move(remnant));
+    turns_[digest.hash()].push_back(remnants_.size());
+    for (auto place = opens_.lower_bound(open); place != opens_.end(); ++place) places_.push({remnants_.size(), *place});
+}
+
+void EscapedRemnants::finishUpTo(Index index) {
+    for (; first_ != index; first_ = pieces_[first_].next) {
+        left_ += pieces_[first_].text;
+        leftChanged_ = pieces_[first_].changed;
+    }
+    if (index != kNone) pieces_[index].previous = kNone;
+}
+
+std::string EscapedRemnants::removeAll() {
+    for (;;) {
+        if (opens_.empty()) {
+            finishUpTo(kNone);
+            pieces_.clear();
+            closes_.clear();
+            last_ = kNone;
+            const std::size_t open = std::min(text_.find(kOpen, read_), text_.size());
+            if (open > read_) leftChanged_ = 0;
+            left_ += text_.substr(read_, open - read_);
+            read_ = open;
+            if (!readOn()) return std::move(left_);
+        } else {
+            const Index open = *opens_.begin();
+            finishUpTo(open);
+            const auto close = closes_.upper_bound(open);
+            if (close == closes_.end()) {
+                finishUpTo(kNone);
+                return left_.append(text_.substr(read_));
+            }
+            remember(open, *close);
+        }
+        removeKnown();
+    }
 }
 
 }  // namespace wmoutlook::merge

@@ -1,46 +1,90 @@
 #pragma once
 
+#include "merge/TextDigest.h"
+
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <functional>
+#include <queue>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace wmoutlook::merge {
 
 /// Takes what is left of placeholders between escaped marks out of a text: from the opening mark through the backslash of the next closing
-/// one. The rule takes them out one after the other, and each along with all that reads the same; as it ends with a backslash,
-/// that can be the front of another one. Here each is remembered and looked for when the next opening mark is reached, so that
-/// the text is read about once, however many there are.
+/// one. The rule takes them out one after the other, in turns: every occurrence of the first one, then of the one that is the first by
+/// then. A remnant ends with a backslash and leaves the rest of a mark behind, so that an occurrence may end at any backslash, and what
+/// stands to both sides of it may become a mark, or part of a later remnant.
+///
+/// Here the text is read once. From the first opening mark to the next closing one it is taken apart at its backslashes; the remnants of
+/// earlier turns are looked for in it and go in the order of their turns; what is the first by then is the remnant of the next turn. As no
+/// remnant holds a closing mark, what is behind has no part in that until an earlier remnant takes the backslash of the closing one.
 class EscapedRemnants {
 public:
     explicit EscapedRemnants(std::string_view text) : text_(text) {}
 
-    /// Nothing when removals touch each other, so that only one after the other tells what stays.
-    [[nodiscard]] std::optional<std::string> removeAll();
+    /// The text without them.
+    [[nodiscard]] std::string removeAll();
 
 private:
-    struct Remnant {
-        std::string_view text;
-        std::uint64_t hash = 0;
-        friend bool operator==(const Remnant& left, const Remnant& right) { return left.text == right.text; }
+    using Index = std::size_t;
+    using Turn = std::size_t;
+    static constexpr Index kNone = static_cast<Index>(-1);
+
+    /// From a backslash up to the next one.
+    struct Piece {
+        std::string text;
+        TextDigest digest;
+        TextDigest rest;     ///< of what stands behind the backslash
+        TextDigest through;  ///< of all pieces up to this one, as they were read
+        Index previous = kNone, next = kNone;
+        Turn changed = 0;  ///< the last turn that joined a text to it
+        bool isGone = false;
     };
-    struct HashOf {
-        std::size_t operator()(const Remnant& remnant) const { return static_cast<std::size_t>(remnant.hash); }
+    struct Remnant {
+        std::string text;
+        std::size_t pieces = 0;
+    };
+    /// A place where the remnant of a turn could stand.
+    struct Place {
+        Turn turn = 0;
+        Index open = 0;
+        friend bool operator>(const Place& left, const Place& right) {
+            return left.turn != right.turn ? left.turn > right.turn : left.open > right.open;
+        }
     };
 
-    [[nodiscard]] std::size_t closeBehind(std::size_t open);
-    void remember(std::string_view remnant);
-    /// Where the remnant ends that was the first of those that stand at the mark and end in front of the limit; none: npos.
-    [[nodiscard]] std::size_t endOfKnown(std::size_t open, std::size_t limit) const;
-    [[nodiscard]] bool isAnyKnownWithin(std::size_t open, std::size_t limit) const;
+    [[nodiscard]] bool readOn();
+    void readPiece();
+    void noteMark(Index index);
+    void findKnown(Index from);
+    void findKnownAround(Index changed);
+    void findKnownFrom(Index open);
+    [[nodiscard]] Index endOf(const Place& place) const;
+    void removeKnown();
+    void remove(const Place& place, Index end);
+    void remember(Index open, Index close);
+    void finishUpTo(Index index);
+    void startWithUnfinishedMark(Piece& piece);
 
     std::string_view text_;
-    std::size_t close_ = 0;                                   ///< the closing mark that was found last
-    std::unordered_map<Remnant, std::size_t, HashOf> known_;  ///< by which turn they were found
-    std::vector<bool> isCountKnown_;                          ///< by how many backslashes a remnant has
+    std::size_t read_ = 0;
+    std::string left_;      ///< the result as far as it is certain
+    Turn leftChanged_ = 0;  ///< the last turn that joined a text to its last piece
+
+    std::vector<Piece> pieces_;
+    Index first_ = kNone, last_ = kNone;
+    std::set<Index> opens_, closes_;
+
+    std::vector<Remnant> remnants_;                               ///< by turn, from 1
+    std::unordered_map<std::uint64_t, std::vector<Turn>> turns_;  ///< of remnants that read the same
+    std::set<std::size_t> lengths_;                               ///< of remnants, in pieces
+    std::unordered_set<std::uint64_t> pieceHashes_;
+    std::priority_queue<Place, std::vector<Place>, std::greater<>> places_;
 };
 
 }  // namespace wmoutlook::merge

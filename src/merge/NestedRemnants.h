@@ -1,5 +1,7 @@
 #pragma once
 
+#include "merge/TextDigest.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -10,9 +12,11 @@
 namespace wmoutlook::merge {
 
 /// Takes away placeholders between plain marks that may stand inside of each other: every occurrence of the first one, from its opening
-/// mark through the next closing mark, then of the one that is the first by then, until none is left. Looking each of them up in the
-/// whole text would take hours for a text that is nothing but marks; here the pieces from one opening mark to the next are
-/// known by what stands between them and the next closing mark.
+/// mark through the next closing mark, then of the one that is the first by then, until none is left. As a remnant ends with the only
+/// closing mark that it holds, at most one ends at each closing mark; those that end alike are kept together, by their innermost part at
+/// first and by more of them only when a longer remnant asks for it, so that the time goes with the length of the text.
+///
+/// A mark is one character: bytes that come to stand side by side never become one.
 class NestedRemnants {
 public:
     explicit NestedRemnants(std::string_view text);
@@ -21,39 +25,45 @@ public:
     [[nodiscard]] std::string removeAll();
 
 private:
-    using Hash = std::uint64_t;
     using Index = std::size_t;
     static constexpr Index kNone = static_cast<Index>(-1);
 
-    /// A hash of a text that can be made from those of its parts.
-    struct Digest {
-        Hash hash = 0;
-        Hash power = 1;  ///< of the base, by the length
-    };
-    /// From an opening mark up to the next one.
-    struct Piece {
+    /// From an opening mark up to the next mark.
+    struct Part {
         std::string text;
-        std::size_t head = std::string::npos;  ///< how much of it, the closing mark included; npos without one
-        Digest own;                            ///< of the head, or of all of it
-        Digest remnant;                        ///< through the next closing mark, in whichever piece that is
-        bool isClosed = false;                 ///< there is such a mark
+        TextDigest digest;
+        Index outer = kNone;  ///< the opening mark in front of it
+    };
+    /// What stands in front of a closing mark, up to the one before. The last one has no closing mark.
+    struct Stretch {
+        std::string front;  ///< up to the first opening mark
+        Index innermost = kNone, outermost = kNone;
         Index previous = kNone, next = kNone;
         bool isGone = false;
+        Index known = kNone;  ///< the outermost part by which it was put with those that end alike
+        TextDigest ending;    ///< from there to the closing mark
+    };
+    /// The stretches that end alike; some of them have gone.
+    struct Alike {
+        std::vector<Index> stretches;
+        std::size_t told = 0;  ///< so many of them were told apart by one more part
     };
 
-    [[nodiscard]] static Digest digestOf(std::string_view text);
-    [[nodiscard]] static Digest joined(const Digest& front, const Digest& back);
-    void append(Piece& piece, std::string_view text);
-    void renew(Index index);
-    void renewFrom(Index index);
-    [[nodiscard]] std::string remnantOf(Index index) const;
-    [[nodiscard]] bool isRemnant(Index index, std::string_view wanted) const;
-    void remove(Index index);
+    [[nodiscard]] bool isClosed(Index stretch) const { return stretches_[stretch].next != kNone; }
+    void addText(Stretch& stretch, std::string_view text);
+    void addPart(Stretch& stretch);
+    void tellOneMorePart(Index index);
+    void tellApart(std::uint64_t hash);
+    [[nodiscard]] std::string textOfParts(const Stretch& stretch) const;
+    [[nodiscard]] bool endsWith(const Stretch& stretch, std::string_view remnant) const;
+    void removeFirst();
+    void remove(Index index, std::size_t length);
+    void unlink(const Stretch& stretch);
 
-    std::string done_;  ///< what stands in front of all opening marks
-    std::vector<Piece> pieces_;
-    Index first_ = kNone;
-    std::unordered_map<Hash, std::vector<Index>> byRemnant_;  ///< some of what it holds is out of date
+    Index first_ = 0;
+    std::vector<Part> parts_;
+    std::vector<Stretch> stretches_;
+    std::unordered_map<std::uint64_t, Alike> alike_;
 };
 
 }  // namespace wmoutlook::merge

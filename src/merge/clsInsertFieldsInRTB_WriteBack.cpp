@@ -3,9 +3,13 @@
 #include "hostdata/HostServices.h"
 #include "merge/DerivedFields.h"
 #include "merge/FieldTexts.h"
+#include "platform/DateHelper.h"
 #include "platform/Routine.h"
 #include "platform/Text.h"
 #include "platform/ValueHelper.h"
+
+#include <array>
+#include <charconv>
 
 namespace wmoutlook {
 
@@ -15,6 +19,13 @@ using merge::SourceKind;
 
 namespace {
 
+/// The digits that single precision holds: 0.1 for 0.1.
+std::string shortest(float number) {
+    std::array<char, 64> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
+    return {digits.data(), end.ptr};
+}
+
 /// The text in which a value of this type is stored. Nothing for a date before 1900, which is not written.
 std::optional<std::string> storedText(DataType type, const Variant& value) {
     constexpr std::int32_t kFirstYear = 1900;
@@ -23,9 +34,9 @@ std::optional<std::string> storedText(DataType type, const Variant& value) {
         case DataType::date:
             if (civil(value.toDate()).year < kFirstYear) return std::nullopt;
             return toIsoText(value.toDate());
-        case DataType::time: return toIsoText(timeOf(value.toDate()));
+        case DataType::time: return DateHelper::format(value.toDate(), "hh:nn:ss");
         case DataType::money:
-        case DataType::minutes: return Variant{static_cast<double>(static_cast<float>(value.toDouble()))}.toText();
+        case DataType::minutes: return shortest(static_cast<float>(value.toDouble()));
         case DataType::boolean: return std::string{toText(value.toBoolean())};
     }
     return std::nullopt;

@@ -46,6 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         expected = testing::expandedWordForWord(expected, marks, fields, kind, valueOf);
         if (expected.size() > 16 * kLongest) return 0;
     }
+    if (expected.find("\xC2«") != std::string::npos) return 0;  // bytes of a mark that a removal brings together are none
     testing::removeUnfoundWordForWord(expected);
     require(merge::MergeTemplate{text, placeholders}.merged(kind, valueOf) == expected);
     return 0;

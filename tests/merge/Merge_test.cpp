@@ -32,6 +32,18 @@ protected:
         merge.ListType = clsInsertFieldsInRTB::kCompanyAndContact;
         merge.ConvertStrToRTF = false;
     }
+    void addClient() {
+        const std::int32_t client = add("ClientData", "ClientDataID", {{"CompanyIDNum", toText(company)}});
+        for (const auto& [table, key] :
+             std::initializer_list<std::pair<const char*, const char*>>{{"AccountingServices", "AccountingServiceID"},
+                                                                        {"ClientOptions", "ClientOptionID"},
+                                                                        {"CorpTaxInfo", "CorpTaxInfoID"},
+                                                                        {"LawInfo", "LawInfoID"},
+                                                                        {"OtherInfo", "OtherInfoID"},
+                                                                        {"WSIB_EHTInfo", "WSIB_EHTInfoID"}})
+            add(table, "", {{key, toText(client)}});
+        add("CompaniesNotes", "", {{"CompanyNum", toText(company)}});
+    }
     std::int32_t company = -1, contact = -1;
 };
 
@@ -64,16 +76,7 @@ TEST_F(Merging, ValuesAreShownByTheirKind) {
 
 /// Numbers that stand for texts, and a text for a blank.
 TEST_F(Merging, ClientsNumbersAreTexts) {
-    const std::int32_t client = add("ClientData", "ClientDataID", {{"CompanyIDNum", toText(company)}});
-    for (const auto& [table, key] :
-         std::initializer_list<std::pair<const char*, const char*>>{{"AccountingServices", "AccountingServiceID"},
-                                                                    {"ClientOptions", "ClientOptionID"},
-                                                                    {"CorpTaxInfo", "CorpTaxInfoID"},
-                                                                    {"LawInfo", "LawInfoID"},
-                                                                    {"OtherInfo", "OtherInfoID"},
-                                                                    {"WSIB_EHTInfo", "WSIB_EHTInfoID"}})
-        add(table, "", {{key, toText(client)}});
-    add("CompaniesNotes", "", {{"CompanyNum", toText(company)}});
+    addClient();
     const auto write = [&](const std::string& table, const std::string& column, const std::string& number) {
         const RecordsetHandle rows =
             host.database->openRecordset("SELECT " + table + ".* FROM " + table + ";", LockCode::updatable);
@@ -220,6 +223,41 @@ TEST_F(Merging, ValuesAreWrittenBackInTheKindOfTheirColumn) {
     merge.writeDataToField("Anniversary", makeDay(1800, 1, 1));
     merge.writeDataToField("ContactAndSpouseName", "Nobody");
     EXPECT_EQ(merged("«City» «Province» «(Contact Birthday, mmmm d yyyy)»"), "Hull QC March 6 1962");
+    EXPECT_TRUE(host.errors->reports.empty());
+}
+
+TEST_F(Merging, EveryKindIsWrittenBackAsTheHostStoresIt) {
+    merge.docketId = add("Dockets", "DocketID", {{"Subject", "Review"}});
+    addClient();
+    Recordset{"SELECT Contacts.* FROM Contacts;", LockCode::updatable}.update("InheritCompanyInfo", "True");
+    struct Case {
+        std::int32_t list;
+        std::string field;
+        Variant value;
+        std::string table, column, stored;
+    };
+    const auto timeEntry = clsInsertFieldsInRTB::kTimeEntry, both = clsInsertFieldsInRTB::kCompanyAndContact;
+    for (const Case& c : {
+             Case{timeEntry, "TimeFrom", Date{45000.375}, "Dockets", "TimeFrom", "09:00:00"},
+             Case{timeEntry, "TimeTo", Date{45000}, "Dockets", "TimeTo", "1899-12-30"},  // midnight, as a reader shows it
+             Case{timeEntry, "TotalAmountReal", 0.1, "Dockets", "TotalAmountReal", "0.1"},
+             Case{timeEntry, "TotalTimeReal", 90.5, "Dockets", "TotalTimeReal", "90.5"},
+             Case{timeEntry, "Invoiced", 1, "Dockets", "Invoiced", "True"},
+             Case{both, "GSTFilingMethod", 2.0, "AccountingServices", "GSTFilingMethod", "2"},  // a 16-bit number
+             Case{both, "CorporationLevel", "1", "CorpTaxInfo", "CorporationLevel", "1"},
+             Case{both, "Notes", "Called twice", "CompaniesNotes", "Notes", "Called twice"},
+             Case{both, "BusinessCity", "Hull", "Contacts", "BusinessCity", "Hull"},
+             Case{both, "BusinessPhone_Main", "555-0199", "Companies", "OfficeNumber", "555-0199"},  // the contact inherits it
+         }) {
+        SCOPED_TRACE(c.field);
+        merge.ListType = c.list;
+        build(c.list);
+        merge.MergeFieldListUse(clsInsertFieldsInRTB::kWriteBack);
+        merge.initializeDataRecordsetsForSingleDocMerge();
+        merge.writeDataToField(c.field, c.value);
+        EXPECT_EQ((Recordset{"SELECT " + c.column + " FROM " + c.table + ";"}.text(c.column)), c.stored);
+    }
+    EXPECT_EQ(Recordset{"SELECT City FROM Companies;"}.text("City"), "Hull");
     EXPECT_TRUE(host.errors->reports.empty());
 }
 
