@@ -54,12 +54,12 @@ std::optional<std::string> subjectFor(const Recordset& row, const Client& client
 std::optional<Date> moment(const Recordset& row, std::string_view timeField) {
     const auto day = row.dateIfRead("DateFrom");
     if (!day) return std::nullopt;
-    const auto time = row.fieldIfRead(timeField);
-    if (!time) return std::nullopt;
-    if (isNullOrEmpty(*time)) return dayOf(*day);
     return row.convert(
         timeField,
         [&]() -> std::optional<Date> {
+            const auto time = row.fieldIfRead(timeField);
+            if (!time) return std::nullopt;
+            if (isNullOrEmpty(*time)) return dayOf(*day);
             return fromSecondsSinceDayZero(secondsSinceDayZero(dayOf(*day)) + secondsSinceDayZero(timeOf(time->toDate())));
         },
         std::nullopt);
@@ -75,11 +75,14 @@ void repairBlankClient(const Recordset& row) {
 void writeReminder(const outlook::Item& item, const Recordset& row) {
     if (!row.truth("Remind")) return;
     item.put(property::ReminderSet, true);
-    const auto period = row.textIfRead("ReminderPeriod");
-    if (period)
-        item.put(property::ReminderMinutesBeforeStart,
-                 row.convert(
-                     "ReminderPeriod", [&] { return reminderMinutes(*period); }, kDefaultReminderMinutes));
+    const auto minutes = row.convert(
+        "ReminderPeriod",
+        [&]() -> std::optional<std::int32_t> {
+            const auto period = row.textIfRead("ReminderPeriod");
+            return period ? std::optional<std::int32_t>{reminderMinutes(*period)} : std::nullopt;
+        },
+        kDefaultReminderMinutes);
+    if (minutes) item.put(property::ReminderMinutesBeforeStart, *minutes);
 }
 
 }  // namespace

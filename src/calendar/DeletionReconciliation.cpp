@@ -67,12 +67,15 @@ void DeletionReconciliation::deleteMissingTallowbrookApptsInOutlook(std::string_
                   if (!entryID) return;
                   // Errors are not ignored here: an item that Outlook does not give is a failure, and so is deleting nothing.
                   const outlook::Item item = run_.outlook.nameSpace.getItemFromID(*entryID, storeID);
-                  const auto isOwnIfTold = item.isNothing() ? true : isOfTypeIfTold(item, table_.itemType);
-                  if (!isOwnIfTold) return;
-                  const bool isOwn = *isOwnIfTold;
-                  if (!isOwn) statement([] { throw OutlookError{-1, "A link leads to an item of another type, which stays"}; });
+                  std::optional<bool> isOwn = true;
+                  if (!item.isNothing())
+                      statement([&] {
+                          isOwn = isOfTypeIfTold(item, table_.itemType);
+                          if (isOwn == false) throw OutlookError{-1, "A link leads to an item of another type, which stays"};
+                      });
+                  if (!isOwn) return;
                   // What could not be deleted is still there, and its link with it.
-                  if (isOwn && !item.remove() && !item.isNothing()) return;
+                  if (*isOwn && !item.remove() && !item.isNothing()) return;
                   yieldTwice();
                   link.deleteRecord();
               });

@@ -95,7 +95,15 @@ bool clsINI::write(std::string_view section, std::optional<std::string_view> key
 
 /// What cannot be told counts as one name: nothing is renamed then.
 bool clsINI::isSameName(std::string_view left, std::string_view right, std::string_view file) {
-    return statement([&] { return profile().isSameName(left, right, fileOr(file)); }, true);
+    const auto compare = [&] {
+        bool isSame = true;
+        recorded([&] {
+            isSame = profile().isSameName(left, right, fileOr(file));
+            return ProfileAnswer{};
+        });
+        return isSame;
+    };
+    return statement(compare, true);
 }
 
 void clsINI::iniFile(std::string path) {
@@ -221,12 +229,13 @@ void clsINI::renameSection(std::string_view oldName, std::string_view newName, s
     Routine routine{"wmoutlooktb.dll-clsINI-renameSection"};
     routine.run([&] {
         if (isSameName(sectionOr(oldName), sectionOr(newName), file)) return;  // see renameKey
-        const std::optional<ProfileAnswer> keys = readKeyNames(oldName, file);
+        const std::optional<ProfileAnswer> keys = statement([&] {
+            auto read = readKeyNames(oldName, file);
+            if (read && read->isCut)  // the keys behind the cut would be deleted unseen
+                throw SettingsError{SettingsError::kRefused, "A section with so many keys cannot be renamed"};
+            return read;
+        });
         if (!keys) return;
-        if (keys->isCut) {  // the keys behind the cut would be deleted unseen
-            statement([] { throw SettingsError{SettingsError::kRefused, "A section with so many keys cannot be renamed"}; });
-            return;
-        }
         bool isCarried = true;
         for (const std::string& key : split(joined(*keys))) {
             const KeyString value = readOrWriteDefault(oldName, key, {}, file);

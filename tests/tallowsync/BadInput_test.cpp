@@ -119,6 +119,7 @@ TEST_F(BadInput, FilesThatAnotherProcessHolds) {
     other.execute("BEGIN IMMEDIATE");
     expectRefusal(syncOf("firm.db", "outlook.db"), 3, file("firm.db"));
     other.execute("ROLLBACK");
+    other.execute("PRAGMA journal_mode = DELETE");  // as a host that knows no log leaves it
     OtherProcess reader{file("outlook.db")};
     reader.execute("BEGIN IMMEDIATE");
     expectRefusal(syncOf("firm.db", "outlook.db"), 3, file("outlook.db"));

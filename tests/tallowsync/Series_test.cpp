@@ -73,6 +73,17 @@ TEST_F(Series, NonsenseIsOneSentenceAndAddsNothing) {
     EXPECT_EQ(november(), "");
 }
 
+TEST_F(Series, DamagedOnesAreToldAndTheListGoesOn) {
+    for (int i = 0; i < 3; ++i) ASSERT_EQ(add(R"({"RecurrenceType": 0, "Occurrences": 2})").err, "");
+    OtherProcess{file("outlook.db")}.execute(
+        "UPDATE Series SET PatternEndDay = 99999999 WHERE ItemNumber IN (SELECT ItemNumber FROM Series ORDER BY ItemNumber DESC "
+        "LIMIT 2)");
+    const Result listed = outlook({"list", "--folder", "Calendar/Team", "--expand", "2026-11-01", "2026-11-30", "--json"});
+    EXPECT_EQ(listed.status, 1);
+    EXPECT_EQ(listed.json().size(), 2U);
+    EXPECT_EQ(std::count(listed.err.begin(), listed.err.end(), '\n'), 2) << listed.err;
+}
+
 TEST_F(Series, AWrongSpanIsWrongUsage) {
     EXPECT_EQ(outlook({"list", "--expand", "2026-11-30", "2026-11-01"}).status, 2);
     EXPECT_EQ(outlook({"list", "--expand", "soon", "2026-11-01"}).status, 2);

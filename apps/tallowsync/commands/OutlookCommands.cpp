@@ -112,12 +112,19 @@ bool visitItems(Automation& store, const ListOptions& options, Console& console,
 /// One element at a time, so that a large folder never lies in memory as a whole.
 bool printItemsAsJson(Automation& store, const ListOptions& options, Console& console) {
     const char* separator = "[\n";
-    const bool areAllRead = visitItems(store, options, console, [&](const outlookstore::ListedItem& item) {
+    const auto end = [&] { console.out << (*separator == '[' ? "[]\n" : "\n]\n"); };
+    const auto print = [&](const outlookstore::ListedItem& item) {
         console.out << separator << jsonText(itemToJson(item));
         separator = ",\n";
-    });
-    console.out << (*separator == '[' ? "[]\n" : "\n]\n");
-    return areAllRead;
+    };
+    try {
+        const bool areAllRead = visitItems(store, options, console, print);
+        end();
+        return areAllRead;
+    } catch (const OutlookError&) {  // a list that breaks off is a document all the same
+        end();
+        throw;
+    }
 }
 
 Action declareList(CLI::App& line) {

@@ -2,9 +2,11 @@
 
 #include "adapters/outlookstore/ItemBlob.h"
 #include "adapters/outlookstore/SeriesItem.h"
+#include "platform/Errors.h"
 
 #include <algorithm>
 #include <functional>
+#include <string>
 #include <utility>
 
 namespace wmoutlook::outlookstore {
@@ -21,6 +23,16 @@ std::int64_t floorDays(std::int64_t seconds) {
 
 DayNumber clampedDay(std::int64_t day, DayNumber least, DayNumber most) {
     return static_cast<DayNumber>(std::clamp<std::int64_t>(day, least, most));
+}
+
+/// Tells which item it is that cannot be read.
+template <class Read>
+auto naming(std::int64_t number, Read read) {
+    try {
+        return read();
+    } catch (const OutlookError& error) {
+        throw OutlookError{error.number(), std::string{error.what()} + " (item " + std::to_string(number) + ")"};
+    }
 }
 
 /// A recurring task is one item here too: it has no start from which it could be expanded.
@@ -92,11 +104,16 @@ void OccurrenceWalk::openSeries() {
         const ItemPlace place = *unopened_;
         if ((single_ && single_->key < place.key) || (!open_.empty() && open_.begin()->first.key < place.key)) return;
         unopened_ = file_.series().next(terms_.folder, place, range_.low);
-        const auto master = file_.items().loadIf(place.number, terms_.folder, {});
-        if (!master || !isExpanded(*master)) continue;
-        SeriesWalk walk{file_.series(), *master, range_};
-        if (walk.current()) open_.emplace(ItemPlace{walk.current()->start, place.number}, std::move(walk));
+        auto walk = naming(place.number, [&] { return walkOf(place.number); });
+        if (walk && walk->current()) open_.emplace(ItemPlace{walk->current()->start, place.number}, *std::move(walk));
     }
+}
+
+/// Nothing when it is no series any more.
+std::optional<SeriesWalk> OccurrenceWalk::walkOf(std::int64_t number) {
+    const auto master = file_.items().loadIf(number, terms_.folder, {});
+    if (!master || !isExpanded(*master)) return std::nullopt;
+    return SeriesWalk{file_.series(), *master, range_};
 }
 
 std::optional<WalkedItem> OccurrenceWalk::next() {
@@ -110,8 +127,8 @@ std::optional<WalkedItem> OccurrenceWalk::next() {
 
 std::optional<WalkedItem> OccurrenceWalk::takeSingle() {
     const ItemPlace place = std::exchange(single_, singles_.next()).value();
-    auto item = file_.items().loadIf(place.number, terms_.folder,
-                                     [&](const ItemHead& head, std::string_view bytes) { return terms_.pass(head, bytes); });
+    const auto passes = [&](const ItemHead& head, std::string_view bytes) { return terms_.pass(head, bytes); };
+    auto item = naming(place.number, [&] { return file_.items().loadIf(place.number, terms_.folder, passes); });
     if (!item || isExpanded(*item)) return std::nullopt;
     return WalkedItem{std::move(*item), std::nullopt};
 }
@@ -125,11 +142,15 @@ std::optional<WalkedItem> OccurrenceWalk::takeOccurrence() {
         node.key().key = node.mapped().current()->start;
         open_.insert(std::move(node));
     }
-    auto master = file_.items().loadIf(number, terms_.folder, {});
+    return naming(number, [&] { return load(number, occurrence.originalDay); });
+}
+
+std::optional<WalkedItem> OccurrenceWalk::load(std::int64_t number, DayNumber day) {
+    const auto master = file_.items().loadIf(number, terms_.folder, {});
     if (!master || !isExpanded(*master)) return std::nullopt;
-    auto data = occurrenceOf(file_.series(), *master, occurrence.originalDay);
+    auto data = occurrenceOf(file_.series(), *master, day);
     if (!data || !passes(*master, *data)) return std::nullopt;
-    return WalkedItem{{master->head, std::move(*data)}, occurrence.originalDay};
+    return WalkedItem{{master->head, std::move(*data)}, day};
 }
 
 /// A restriction from before the expansion looks at the series' own item.

@@ -46,6 +46,8 @@ private:
     void openSeries();
     [[nodiscard]] std::optional<WalkedItem> takeSingle();
     [[nodiscard]] std::optional<WalkedItem> takeOccurrence();
+    [[nodiscard]] std::optional<SeriesWalk> walkOf(std::int64_t number);
+    [[nodiscard]] std::optional<WalkedItem> load(std::int64_t number, DayNumber day);
     [[nodiscard]] bool passes(const LoadedItem& master, const ItemData& occurrence);
 
     StoreFile& file_;

@@ -236,9 +236,21 @@ void SqliteConnection::beginTrial() {
     isTrial_ = true;
 }
 
+void SqliteConnection::startLog() {
+    isLogWanted_ = false;
+    bool isLog = false;
+    const auto read = [](void* result, int, char** values, char**) {
+        *static_cast<bool*>(result) = std::string_view{values[0]} == "wal";
+        return 0;
+    };
+    sqlite3_exec(database_, "PRAGMA journal_mode = WAL", read, &isLog, nullptr);
+    if (isLog) shareReads();
+}
+
 void SqliteConnection::beforeStatement(bool isReading) {
     if (isTrial_ && sqlite3_get_autocommit(database_) != 0)
         throw DatabaseError{SQLITE_ABORT, "An earlier failure has ended the dry run; nothing more is done in " + path_};
+    if (isLogWanted_ && !isReading) startLog();
     if (begin_ == nullptr) return;
     if (!isReading || sharedReads_ == kSharedReads) endSharedRead();
     if (!isReading) return;

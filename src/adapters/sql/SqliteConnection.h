@@ -35,6 +35,9 @@ public:
     /// the last of these reads, or at endSharedRead.
     void shareReads();
     void endSharedRead() noexcept;
+    /// A file without a write-ahead log gets one when something is written for the first time, not for being opened. One that
+    /// others are reading at that moment stays without.
+    void startLogAtFirstWrite() { isLogWanted_ = true; }
     [[nodiscard]] bool isViewOld() const { return sharedReads_ > 1; }
     /// Begins the transaction in which everything is done from now on, to be undone by ROLLBACK. Some failures of the file make
     /// the engine undo it by itself; from then on every statement fails, since it would be stored for good.
@@ -48,6 +51,7 @@ public:
 
 private:
     void configure(int busyTimeoutMilliseconds);
+    void startLog();
     static int authorize(void* self, int action, const char* first, const char* second, const char* schema, const char* inner);
 
     std::string path_;
@@ -56,6 +60,7 @@ private:
     sqlite3_stmt* begin_ = nullptr;  ///< null while reads are not shared
     sqlite3_stmt* commit_ = nullptr;
     bool isTrial_ = false;
+    bool isLogWanted_ = false;
     int sharedReads_ = 0;  ///< in the transaction that is open; 0: none is
     std::int64_t preparedStatements_ = 0;
 };

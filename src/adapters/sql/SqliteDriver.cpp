@@ -33,6 +33,8 @@ SqliteDriver::SqliteDriver(std::unique_ptr<SqliteConnection> connection, const S
         connection_->beginTrial();
     else if (hasLog(*connection_))
         connection_->shareReads();
+    else if (!options_.readOnly)
+        connection_->startLogAtFirstWrite();
 }
 
 SqliteDriver::~SqliteDriver() {

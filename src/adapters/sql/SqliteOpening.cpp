@@ -184,7 +184,6 @@ std::unique_ptr<SqliteConnection> connectToFirm(const std::string& path, const S
         auto connection = connect(path, options);
         requireLength(*connection);
         requireColumns(*connection);
-        if (!options.readOnly && !options.dryRun) connection->execute("PRAGMA journal_mode = WAL");
         return connection;
     } catch (const DatabaseError& error) {
         if (std::string_view{error.what()}.starts_with(named(path))) throw;

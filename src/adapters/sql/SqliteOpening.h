@@ -7,7 +7,7 @@
 
 namespace wmoutlook::sql {
 
-/// A connection to a firm's file that is known to be one. A failed opening changes nothing on disk.
+/// A connection to a firm's file that is known to be one. Opening changes nothing on disk.
 [[nodiscard]] std::unique_ptr<SqliteConnection> connectToFirm(const std::string& path, const SqliteOptions& options);
 
 /// A connection to any SQLite file with whatever tables; its journal stays as it is.

@@ -156,6 +156,22 @@ TEST_F(SqliteFile, AWriteWhileAnotherProgramHoldsTheFileIsAnErrorAndCanBeTriedAg
     EXPECT_EQ(database->getField(rows, "LastName"), Variant{"Roy"});
 }
 
+TEST_F(SqliteFile, AFileWithoutALogGetsOneWithTheFirstWrite) {
+    const auto journal = [&] {
+        std::ifstream file{path(), std::ios::binary};
+        file.seekg(18);  // the version of the file's format: 2 is the one with a log
+        return file.get();
+    };
+    Intruder{create()}.run("PRAGMA journal_mode = DELETE");
+    const auto database = openSqliteDatabase(path());
+    EXPECT_EQ(first(*database, "SELECT CompanyName FROM Companies;", "CompanyName"), "no row");
+    EXPECT_EQ(journal(), 1);
+    const auto rows = database->openRecordset("SELECT Contacts.* FROM Contacts;", LockCode::updatable);
+    addRow(*database, "Contacts", {{"DisplayName", "Ann"}});
+    EXPECT_EQ(journal(), 2);
+    database->closeRecordset(rows);
+}
+
 TEST_F(SqliteFile, WhatAnotherProgramDeletesIsNoticed) {
     const auto database = openSqliteDatabase(create());
     for (const std::string_view name : {"Ann", "Bob", "Cid"}) addRow(*database, "Contacts", {{"DisplayName", name}});
