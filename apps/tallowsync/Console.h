@@ -64,6 +64,9 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// All of standard input. Throws InputError when it cannot be read.
+[[nodiscard]] std::string wholeInput(std::istream& in);
+
 /// Tells one failure on a line of its own, as a sentence. What it quotes cannot steer a terminal.
 void tellFailure(Console& console, std::string_view sentence);
 

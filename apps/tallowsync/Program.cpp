@@ -119,6 +119,14 @@ void tellFailure(Console& console, std::string_view sentence) {
     console.err << "tallowsync: " << onOneLine(line) << '\n';
 }
 
+std::string wholeInput(std::istream& in) {
+    try {
+        return {std::istreambuf_iterator<char>{in}, {}};
+    } catch (const std::ios_base::failure&) {
+        throw InputError{"Standard input cannot be read; give a file or a pipe"};
+    }
+}
+
 void stopIfAsked(const StopSignal& stopSignal) {
     if (const int signal = stopSignal(); signal != 0) throw Stopped{signal};
 }

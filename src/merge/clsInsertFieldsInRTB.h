@@ -59,6 +59,9 @@ public:
     void scheduleID(std::int32_t scheduleIDNum);            ///< sets taskID to the task of a schedule entry
     void resetAllItemIDs();
 
+    /// Names that are valid as well, for a host that checks a template before it is known for which list.
+    std::function<bool(std::string_view name)> isKnownElsewhere;
+
     /// A sentence of testRTBComment about an error in the text.
     Event<const std::string&> MergeCommentError;
 

@@ -52,7 +52,8 @@ std::pair<std::string_view, std::string_view> dateParts(std::string_view express
     constexpr std::int32_t kSubscriptOutOfRange = 9;
     expression = expression.substr(1, expression.size() - 2);
     const std::size_t comma = expression.find(',');
-    if (comma == std::string_view::npos) throw Failure{kSubscriptOutOfRange, "A date expression has no format"};
+    if (comma == std::string_view::npos)
+        throw Failure{kSubscriptOutOfRange, "A date expression has no format; it reads as «(Todays Date, mmmm d yyyy)» does"};
     return {trimmed(expression.substr(0, comma)), trimmed(expression.substr(comma + 1))};
 }
 
@@ -80,7 +81,8 @@ bool clsInsertFieldsInRTB::testStr(std::string_view name) {
     Routine routine{"Tallowbrook.exe-clsInsertFieldsInRTB-testStr"};
     routine.run([&] {
         isKnown = upperCase(name) == "TODAYS DATE" ||
-                  fields_.find(name, merge::fieldColumn::kDisplayName) != merge::FieldList::kNotFound;
+                  fields_.find(name, merge::fieldColumn::kDisplayName) != merge::FieldList::kNotFound ||
+                  (isKnownElsewhere && isKnownElsewhere(name));
     });
     return isKnown;
 }

@@ -25,7 +25,7 @@ TEST_F(MergeCommands, TemplateBecomesTheClientsText) {
     const Result missing = merge({"--company", "999", "[«City»]"});
     EXPECT_EQ(missing.out, "[]\n");
     EXPECT_EQ(missing.status, 0);
-    EXPECT_NE(missing.err.find("--company: the firm has no number 999"), std::string::npos);
+    EXPECT_NE(missing.err.find("--company: the firm has no company 999; its fields are empty"), std::string::npos);
     const Result failing = merge({"--company", "1", "[«Company Notes»]"});  // a field whose search fails, as it always did
     EXPECT_EQ(failing.status, 1);
     EXPECT_EQ(failing.out, "[]\n");
@@ -39,6 +39,9 @@ TEST_F(MergeCommands, FieldsAndCalendarTextsAreListed) {
     EXPECT_EQ(fields["pickList"][0], Json::parse(R"({"text": "[Task Info]", "row": null})"));
     EXPECT_EQ(fields["pickList"][1], Json::parse(R"({"text": "Task Name", "row": 1})"));
     EXPECT_EQ(fields["firmPickList"][0]["text"], "Insert your Letterhead");
+    const std::string lines = run({"fields", "--firm", file("firm.db"), "--list-type", "8"}).out;
+    EXPECT_EQ(lines.rfind("[Task Info]\nTask Name\n", 0), 0U) << lines;
+    EXPECT_NE(lines.find("Custom Task Field 5 = «Custom Remmit Field 5»\n"), std::string::npos) << lines;
     OtherProcess firm{file("firm.db")};
     firm.execute("UPDATE Tasks SET Subject = 'File' WHERE TaskID = 1");
     const Result text = run({"display-text", "--firm", file("firm.db"), "--kind", "1", "--id", "1", "--user", "1", "--json"});
@@ -49,11 +52,14 @@ TEST_F(MergeCommands, TemplateIsChecked) {
     EXPECT_EQ(run({"check-template", "«Company Name» «Appointment Name» «Unknown"}).status, 1);
     EXPECT_EQ(run({"check-template", "«Task Name» «Appointment Name» «(Task Due Date, d)»"}).out, "");
     EXPECT_NE(run({"check-template", "«Appointment Name» «Unknown»"}).out.find("«Unknown»"), std::string::npos);
-    EXPECT_EQ(run({"check-template", "«( Task Due Date , d)»"}).status, 1);
+    EXPECT_EQ(run({"check-template", "«( Task Due Date , d)»"}).out, "");
+    EXPECT_EQ(run({"check-template", "{\\rtf1 \\'abUnknown\\'bb}"}).status, 1);
+    EXPECT_EQ(run({"check-template", "--plain", "{\\rtf1 \\'abUnknown\\'bb}"}).status, 0);
     EXPECT_EQ(run({"check-template", "--list-type", "5", "--json", "«Task Name»"}).json()["messages"].size(), 1U);
     EXPECT_EQ(run({"check-template", "--rtf", "-"}, "\\'abCompany Name\\'bb").status, 0);
     const Result unreadable = run({"check-template", "«(Todays Date)»"});
     EXPECT_EQ(unreadable.status, 1);
+    EXPECT_EQ(unreadable.out, "");
     EXPECT_EQ(std::count(unreadable.err.begin(), unreadable.err.end(), '\n'), 1) << unreadable.err;
     EXPECT_EQ(run({"check-template", "--firm", file("none.db"), "x"}).status, 3);
     EXPECT_EQ(run({"merge", "--firm", file("none.db"), "x"}).status, 3);
@@ -61,6 +67,7 @@ TEST_F(MergeCommands, TemplateIsChecked) {
     EXPECT_EQ(merge({"--rtf", "--plain", "y"}).status, 2);
     EXPECT_EQ(merge({"--task", "1", "--appointment", "1", "y"}).status, 2);
     EXPECT_EQ(merge({"--user", "99999", "y"}).status, 2);
+    EXPECT_EQ(run({"display-text", "--firm", file("firm.db"), "--kind", "1", "--id", "1", "--user", "99999"}).status, 2);
     EXPECT_EQ(run({"fields", "--firm", file("firm.db"), "--list-type", "4"}).status, 2);
 }
 

@@ -133,7 +133,7 @@ void Composition::compose(const std::string& body, const std::vector<AttachedFil
 }
 
 outlookstore::ListedItem Composition::finish(Console& console) {
-    const std::string body = texts_.body == "-" ? std::string{std::istreambuf_iterator<char>{console.in}, {}} : texts_.body;
+    const std::string body = texts_.body == "-" ? wholeInput(console.in) : texts_.body;
     requireStorable("--subject", "Subject", texts_.subject);
     requireStorable("--body", "Body", body);
     checkRecipients();

@@ -6,7 +6,6 @@
 #include "apps/tallowsync/run/FirmHost.h"
 #include "hostdata/modDatabaseFunctions.h"
 #include "merge/clsInsertFieldsInRTB.h"
-#include "platform/TextSearch.h"
 #include "platform/richtext/RichText.h"
 
 #include <algorithm>
@@ -23,8 +22,7 @@ using merge::FieldList;
 
 /// A text from the command line, or from standard input when it is a hyphen.
 std::string templateText(const std::string& given, Console& console) {
-    if (given != "-") return given;
-    return {std::istreambuf_iterator<char>{console.in}, {}};
+    return given == "-" ? wholeInput(console.in) : given;
 }
 
 Json errorsToJson(const std::vector<ErrorReport>& errors) {
@@ -80,6 +78,17 @@ Json fieldsToJson(FieldList list) {
     return rows;
 }
 
+/// The name of the placeholder stands behind a text that differs from it.
+void printPicks(const ListedPicks& picks, FieldList list, Console& console) {
+    for (const Json& item : picks.items) {
+        const std::string text = item["text"];
+        console.out << onOneLine(text);
+        if (!item["row"].is_null() && list.moveTo(item["row"].get<std::int32_t>()) && list.current()->displayName != text)
+            console.out << " = «" << onOneLine(list.current()->displayName) << "»";
+        console.out << '\n';
+    }
+}
+
 struct FieldsOptions {
     FirmHost::Options host;
     std::optional<std::string> now;
@@ -109,8 +118,7 @@ ExitStatus listFields(const FieldsOptions& options, Console& console) {
         console.out << jsonText(json, 2) << '\n';
         return host.status();
     }
-    for (const Json& item : picks->items) console.out << onOneLine(item["text"].get<std::string>()) << '\n';
-    for (const Json& item : firmPicks->items) console.out << onOneLine(item["text"].get<std::string>()) << '\n';
+    for (const auto& list : {picks, firmPicks}) printPicks(*list, merge.fieldList(), console);
     return host.status();
 }
 
@@ -136,16 +144,17 @@ struct MergeOptions {
 
 struct NamedRecord {
     const char* option;
+    const char* noun;
     std::int32_t merge::MergeRecordIDs::*id;
     bool (*isThere)(std::int32_t);
 };
 
 constexpr NamedRecord kRecords[] = {
-    {"--company", &merge::MergeRecordIDs::companyID, Look::validCompanyID},
-    {"--contact", &merge::MergeRecordIDs::contactID, Look::validContactID},
-    {"--appointment", &merge::MergeRecordIDs::AppointmentID, Look::validAppointmentID},
-    {"--task", &merge::MergeRecordIDs::taskID, Look::validTaskID},
-    {"--docket", &merge::MergeRecordIDs::docketId, Look::validDocketID},
+    {"--company", "company", &merge::MergeRecordIDs::companyID, Look::validCompanyID},
+    {"--contact", "contact", &merge::MergeRecordIDs::contactID, Look::validContactID},
+    {"--appointment", "appointment", &merge::MergeRecordIDs::AppointmentID, Look::validAppointmentID},
+    {"--task", "task", &merge::MergeRecordIDs::taskID, Look::validTaskID},
+    {"--docket", "time entry", &merge::MergeRecordIDs::docketId, Look::validDocketID},
 };
 
 CLI::Range recordNumber() {
@@ -192,7 +201,7 @@ void chooseRecords(clsInsertFieldsInRTB& merge, HostDatabase& database) {
 
 void tellIfMissing(const NamedRecord& record, const char* option, std::int32_t id, Console& console) {
     if (id < 0 || record.isThere(id)) return;
-    tellFailure(console, std::string{option} + ": the firm has no number " + toText(id) + "; its fields are empty");
+    tellFailure(console, std::string{option} + ": the firm has no " + record.noun + " " + toText(id) + "; its fields are empty");
 }
 
 ExitStatus mergeTemplate(const MergeOptions& options, Console& console) {
@@ -241,61 +250,34 @@ struct CheckOptions {
     std::string text;
     std::optional<std::string> now;
     std::optional<std::int32_t> listType;
-    bool isRich = false, asJson = false;
+    bool isRich = false, isPlain = false, asJson = false;
 };
 
-/// Checks a text with the list of one type.
-class TemplateCheck {
-public:
-    TemplateCheck(std::int32_t listType, bool isRich) : isRich_(isRich) {
-        merge_.ListType = listType;
-        bool skipList = true;
-        bool clearList = true;
-        merge_.createDefaultFieldListStructure(skipList, clearList);
-    }
-    [[nodiscard]] std::vector<std::string> faultsOf(const std::string& text) {
-        std::vector<std::string> faults;
-        const auto listener = merge_.MergeCommentError.subscribe([&](const std::string& message) { faults.push_back(message); });
-        if (merge_.testRTBComment(text, isRich_, true, false) && faults.empty())
-            faults.emplace_back("An expression cannot be read");
-        return faults;
-    }
-    [[nodiscard]] bool knows(const std::string& name) { return merge_.testStr(name); }
-
-private:
-    clsInsertFieldsInRTB merge_;
-    bool isRich_;
-};
-
-/// The name that a fault says is not recognized.
-std::string unknownName(const std::string& fault) {
-    constexpr std::string_view kStart = "did not recognize: «";
-    constexpr std::string_view kEnd = "» as a valid placeholder field name.";
-    const std::size_t start = fault.find(kStart);
-    if (start == std::string::npos || !fault.ends_with(kEnd)) return {};
-    return fault.substr(start + kStart.size(), fault.size() - kEnd.size() - start - kStart.size());
+/// A list that a template is checked with.
+void buildList(clsInsertFieldsInRTB& merge, std::int32_t listType) {
+    merge.ListType = listType;
+    bool skipList = true;
+    bool clearList = true;
+    merge.createDefaultFieldListStructure(skipList, clearList);
 }
 
-/// A name that any list has is known: it is read as one that all of them have, until what is wrong is wrong for every list.
-std::vector<std::string> checkTemplate(const CheckOptions& options, std::string text) {
-    TemplateCheck first{options.listType.value_or(clsInsertFieldsInRTB::kCompanyAndContact), options.isRich};
-    if (options.listType) return first.faultsOf(text);
-    TemplateCheck others[] = {{clsInsertFieldsInRTB::kAppointment, options.isRich},
-                              {clsInsertFieldsInRTB::kTask, options.isRich},
-                              {clsInsertFieldsInRTB::kTimeEntry, options.isRich}};
-    for (;;) {
-        auto faults = first.faultsOf(text);
-        const std::string name = faults.empty() ? std::string{} : unknownName(faults.front());
-        const auto knowsIt = [&](TemplateCheck& other) { return other.knows(name); };
-        if (name.empty() || std::none_of(std::begin(others), std::end(others), knowsIt)) return faults;
-        const merge::Marks& marks = options.isRich ? merge::kEscapedMarks : merge::kPlainMarks;
-        const std::string open{marks.open};
-        const std::string close{marks.close};
-        std::string better = replaceTextually(text, open + name + close, open + "Company Name" + close);
-        better = replaceTextually(better, open + "(" + name + ",", open + "(Company Name,");
-        if (better == text) return faults;  // written with blanks of its own
-        text = std::move(better);
+/// What is wrong first; a failure of the check is told by the host.
+std::vector<std::string> checkTemplate(const CheckOptions& options, const std::string& text, const FirmHost& host) {
+    clsInsertFieldsInRTB merge;
+    clsInsertFieldsInRTB others[3];  // whose lists hold all that those of companies and contacts lack
+    buildList(merge, options.listType.value_or(clsInsertFieldsInRTB::kCompanyAndContact));
+    if (!options.listType) {
+        for (std::size_t i = 0; i < std::size(kCalendarRecords); ++i) buildList(others[i], kCalendarRecords[i].listType);
+        merge.isKnownElsewhere = [&](std::string_view name) {
+            return std::any_of(std::begin(others), std::end(others), [&](auto& other) { return other.testStr(name); });
+        };
     }
+    std::vector<std::string> faults;
+    const auto listener = merge.MergeCommentError.subscribe([&](const std::string& message) { faults.push_back(message); });
+    const bool isRich = options.isRich || (!options.isPlain && RichText::isRichText(text));
+    if (merge.testRTBComment(text, isRich, true, false) && faults.empty())
+        for (const ErrorReport& error : host.errors()) faults.push_back(error.message);
+    return faults;
 }
 
 Action declareCheckTemplate(CLI::App& line) {
@@ -305,16 +287,18 @@ Action declareCheckTemplate(CLI::App& line) {
     line.add_option("--now", options->now, kNowHelp);
     line.add_option("--list-type", options->listType, std::string{kListTypes} + "; without it a name of any list is known")
         ->check(CLI::IsMember({1, 2, 3, 5, 6, 8}));
-    line.add_flag("--rtf", options->isRich, "The template is rich text, with escaped marks");
-    line.add_flag("--json", options->asJson, "Print JSON: valid, messages");
+    auto* const rich =
+        line.add_flag("--rtf", options->isRich, "The template is rich text, with escaped marks; otherwise it is looked at");
+    line.add_flag("--plain", options->isPlain, "The template is plain text")->excludes(rich);
+    line.add_flag("--json", options->asJson, "Print JSON: valid, messages; the check ends with the first fault");
     line.add_option("TEMPLATE", options->text, "The template; - reads it from standard input")->required();
     return [options](Console& console) {
         const std::string text = templateText(options->text, console);
         const FirmHost host{at(options->host, options->now), console};
-        const auto faults = checkTemplate(*options, text);
+        const auto faults = checkTemplate(*options, text, host);
         if (options->asJson)
             console.out << jsonText({{"valid", faults.empty()}, {"messages", faults}}, 2) << '\n';
-        else
+        else if (host.errors().empty())  // those are told
             for (const std::string& fault : faults) console.out << onOneLine(fault) << '\n';
         return faults.empty() ? host.status() : ExitStatus::doneWithFailures;
     };
@@ -327,7 +311,6 @@ struct DisplayOptions {
     std::optional<std::string> now;
     std::int32_t kind = 0;
     std::int32_t id = 0;
-    std::int32_t user = 0;
     bool asJson = false;
 };
 
@@ -336,12 +319,12 @@ Action declareDisplayText(CLI::App& line) {
     declareFirm(line, options->host, options->now);
     line.add_option("--kind", options->kind, "0 an appointment, 1 a task, 2 a time entry")->required()->check(CLI::Range(0, 2));
     line.add_option("--id", options->id, "The number of the record")->required()->check(recordNumber());
-    line.add_option("--user", options->user, "The number of the user whose template it is")->required();
+    line.add_option("--user", options->host.user, "The number of the staff member whose template it is")->required();
     line.add_flag("--json", options->asJson, "Print JSON: text, errors");
     return [options](Console& console) {
         const FirmHost host{at(options->host, options->now), console};
         tellIfMissing(calendarRecordOf(options->kind), "--id", options->id, console);
-        const std::string text = createTextByID(options->kind, options->id, options->user);
+        const std::string text = createTextByID(options->kind, options->id, *options->host.user);
         if (options->asJson)
             console.out << jsonText({{"text", text}, {"errors", errorsToJson(host.errors())}}, 2);
         else
@@ -352,9 +335,9 @@ Action declareDisplayText(CLI::App& line) {
 }
 
 constexpr Command kCommands[] = {
-    {"fields", "Lists the placeholders that a template may use.", "fields --firm demo/firm.db --list-type 5", declareFields},
+    {"fields", "Lists what the host offers to put into a template.", "fields --firm demo/firm.db --list-type 5", declareFields},
     {"merge", "Turns a template into text for a client or a calendar record.",
-     "merge --firm demo/firm.db --company 1 \"Dear «Contact Display Name» of «Company Name»\"", declareMerge},
+     "merge --firm demo/firm.db --company 2 \"Dear «Contact Display Name» of «Company Name»\"", declareMerge},
     {"check-template", "Tells what is wrong with a template; status 1 when something is.",
      "check-template \"«Company Name» «(Todays Date, mmmm d yyyy)»\"", declareCheckTemplate},
     {"display-text", "Shows the text of a calendar record as the host's calendar has it.",

@@ -48,7 +48,7 @@ private:
 }  // namespace
 
 Json readItemText(std::istream& in) {
-    const std::string text{std::istreambuf_iterator<char>{in}, {}};
+    const std::string text = wholeInput(in);
     KeyWatch keys;
     Json::sax_parse(text, &keys);
     try {
