@@ -93,7 +93,7 @@ bool Recordset::moveFirst() {
 }
 
 void Recordset::moveNext() {
-    isPassedOver_ = !statement([&] { return database().moveNext(handle_), true; });
+    if (!isPassedOver_) isPassedOver_ = !statement([&] { return database().moveNext(handle_), true; });
 }
 
 Variant Recordset::field(std::string_view name) const {

@@ -83,7 +83,8 @@ void CalendarLinks::saveOutlookAppointmentID(std::string_view entryID, std::int3
         putKey(table_.linkField, toText(hostID));
         putKey("FolderStoreID", storeID);
         put("DateLastSync", toIsoText(now()));
-        putKey("IsRecurringItem", toText(occurrence.isRecurring));
+        // An ordinary link is found without it.
+        hasKeys = (put("IsRecurringItem", toText(occurrence.isRecurring)) || !occurrence.isRecurring) && hasKeys;
         if (occurrence.isRecurring) putKey("RecurringItemDate", toIsoText(occurrence.day));
         put("RepeatNum", occurrence.isRecurring && repeatNum >= 0 ? toText(repeatNum) : std::string{});
         if (isKnown) return;

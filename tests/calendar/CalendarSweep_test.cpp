@@ -29,7 +29,11 @@ TEST_P(CalendarFaults, AnyOneFailingCallLosesNothingAndTheNextRunIsComplete) {
         if (isRepeated(GetParam())) SmallCalendar::expectComplete(faulty.host);
         faulty.runCleanly();
         SmallCalendar::expectComplete(faulty.host);
-        EXPECT_LE(SmallCalendar::itemsOf(faulty.host).size(), 4U);  // one whose link could not be stored is written again
+        // One whose link could not be stored is written again, but none for what its link is found without.
+        const std::string& field = faulty.planned.firstField;
+        const bool isLinkWhole =
+            GetParam() == ErrorAnswer::goOn && (field == "DateLastSync" || field == "IsRecurringItem" || field == "RepeatNum");
+        EXPECT_LE(SmallCalendar::itemsOf(faulty.host).size(), isLinkWhole ? 3U : 4U);
     });
     EXPECT_GT(calls, 150);
 }

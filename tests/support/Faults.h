@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <string>
+#include <string_view>
 
 namespace wmoutlook::testing {
 
@@ -14,6 +15,7 @@ struct Faults {
     int failTo = -1;  ///< the last call that fails
     int failed = 0;
     std::string firstFailed;
+    std::string firstField;  ///< which the first failed call was about
 
     void failOnce(int call) { failFrom = failTo = call; }
     void failFromNowOn(int call) {
@@ -21,10 +23,13 @@ struct Faults {
         failTo = std::numeric_limits<int>::max();
     }
 
-    void hit(const char* operation) {
+    void hit(const char* operation, std::string_view field = {}) {
         ++calls;
         if (calls < failFrom || calls > failTo) return;
-        if (failed++ == 0) firstFailed = operation;
+        if (failed++ == 0) {
+            firstFailed = operation;
+            firstField = field;
+        }
         throw Failure{-2147467259, std::string{"Injected failure of "} + operation};
     }
 };

@@ -38,14 +38,16 @@ public:
     }
     bool moveFirst(RecordsetHandle handle) override { return pass("moveFirst").moveFirst(handle); }
     void moveNext(RecordsetHandle handle) override { pass("moveNext").moveNext(handle); }
-    Variant getField(RecordsetHandle handle, std::string_view field) override { return pass("getField").getField(handle, field); }
+    Variant getField(RecordsetHandle handle, std::string_view field) override {
+        return pass("getField", field).getField(handle, field);
+    }
     void updateField(RecordsetHandle handle, std::string_view field, std::string_view value) override {
-        pass("updateField").updateField(handle, field, value);
+        pass("updateField", field).updateField(handle, field, value);
     }
     void deleteRecord(RecordsetHandle handle) override { pass("deleteRecord").deleteRecord(handle); }
     void addNewRecord(RecordsetHandle handle) override { pass("addNewRecord").addNewRecord(handle); }
     void setNewField(RecordsetHandle handle, std::string_view field, std::string_view value) override {
-        pass("setNewField").setNewField(handle, field, value);
+        pass("setNewField", field).setNewField(handle, field, value);
     }
     void saveNewRecord(RecordsetHandle handle) override { pass("saveNewRecord").saveNewRecord(handle); }
     bool findFirst(RecordsetHandle handle, std::string_view field, std::string_view value) override {
@@ -63,8 +65,8 @@ public:
     }
 
 private:
-    HostDatabase& pass(const char* operation) const {
-        faults_.hit(operation);
+    HostDatabase& pass(const char* operation, std::string_view field = {}) const {
+        faults_.hit(operation, field);
         return *inner_;
     }
 

@@ -171,6 +171,7 @@ TEST_F(BadInput, ItemsThatTheStoreCannotTake) {
     expectRefusal({"outlook", file("outlook.db"), "add"}, 3, "Folder", R"([{"FullName": "Anne Tremblay"}])");
     expectRefusal({"outlook", file("outlook.db"), "add"}, 3, "Folder", R"([{"FullName": "Anne Tremblay", "Folder": "Nowhere"}])");
     expectRefusal({"outlook", file("outlook.db"), "add", "--folder", "Contacts"}, 3, "byte", R"([{"FullName": "Anne)");
+    expectRefusal({"outlook", file("outlook.db"), "add", "--folder", "Contacts"}, 3, "too large", R"([{"Gender": 1e400}])");
     expectRefusal({"outlook", file("outlook.db"), "add", "--folder", "Nowhere"}, 2, "Nowhere", "[]");
     expectRefusal({"outlook", file("outlook.db"), "list", "--folder", "Nowhere"}, 2, "Nowhere");
     expectRefusal({"outlook", file("outlook.db"), "add", "--folder", "Calendar"}, 3, "of an Appointment", R"({"FileAs": "x"})");

@@ -82,6 +82,11 @@ TEST_F(Series, DamagedOnesAreToldAndTheListGoesOn) {
     EXPECT_EQ(listed.status, 1);
     EXPECT_EQ(listed.json().size(), 2U);
     EXPECT_EQ(std::count(listed.err.begin(), listed.err.end(), '\n'), 2) << listed.err;
+    ASSERT_EQ(add(kWeekly).err, "");
+    OtherProcess{file("outlook.db")}.execute(
+        "UPDATE SeriesExceptions SET Properties = x'FF00FF'; DELETE FROM Series WHERE PatternEndDay = 99999999");
+    EXPECT_EQ(november(),
+              "Team 2026-11-02T09:00:00\nTeam 2026-11-02T09:00:00\nTeam 2026-11-03T09:00:00\nTeam 2026-11-23T09:00:00\n");
 }
 
 TEST_F(Series, AWrongSpanIsWrongUsage) {

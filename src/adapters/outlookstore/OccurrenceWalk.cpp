@@ -25,14 +25,18 @@ DayNumber clampedDay(std::int64_t day, DayNumber least, DayNumber most) {
     return static_cast<DayNumber>(std::clamp<std::int64_t>(day, least, most));
 }
 
-/// Tells which item it is that cannot be read.
+/// Tells what it is that cannot be read.
 template <class Read>
-auto naming(std::int64_t number, Read read) {
+auto naming(const std::string& what, Read read) {
     try {
         return read();
     } catch (const OutlookError& error) {
-        throw OutlookError{error.number(), std::string{error.what()} + " (item " + std::to_string(number) + ")"};
+        throw OutlookError{error.number(), std::string{error.what()} + " (" + what + ")"};
     }
+}
+
+std::string itemOf(std::int64_t number) {
+    return "item " + std::to_string(number);
 }
 
 /// A recurring task is one item here too: it has no start from which it could be expanded.
@@ -104,7 +108,7 @@ void OccurrenceWalk::openSeries() {
         const ItemPlace place = *unopened_;
         if ((single_ && single_->key < place.key) || (!open_.empty() && open_.begin()->first.key < place.key)) return;
         unopened_ = file_.series().next(terms_.folder, place, range_.low);
-        auto walk = naming(place.number, [&] { return walkOf(place.number); });
+        auto walk = naming(itemOf(place.number), [&] { return walkOf(place.number); });
         if (walk && walk->current()) open_.emplace(ItemPlace{walk->current()->start, place.number}, *std::move(walk));
     }
 }
@@ -128,7 +132,7 @@ std::optional<WalkedItem> OccurrenceWalk::next() {
 std::optional<WalkedItem> OccurrenceWalk::takeSingle() {
     const ItemPlace place = std::exchange(single_, singles_.next()).value();
     const auto passes = [&](const ItemHead& head, std::string_view bytes) { return terms_.pass(head, bytes); };
-    auto item = naming(place.number, [&] { return file_.items().loadIf(place.number, terms_.folder, passes); });
+    auto item = naming(itemOf(place.number), [&] { return file_.items().loadIf(place.number, terms_.folder, passes); });
     if (!item || isExpanded(*item)) return std::nullopt;
     return WalkedItem{std::move(*item), std::nullopt};
 }
@@ -142,7 +146,8 @@ std::optional<WalkedItem> OccurrenceWalk::takeOccurrence() {
         node.key().key = node.mapped().current()->start;
         open_.insert(std::move(node));
     }
-    return naming(number, [&] { return load(number, occurrence.originalDay); });
+    const std::string day = toIsoText(Date{static_cast<double>(occurrence.originalDay)});
+    return naming(itemOf(number) + " on " + day, [&] { return load(number, occurrence.originalDay); });
 }
 
 std::optional<WalkedItem> OccurrenceWalk::load(std::int64_t number, DayNumber day) {
