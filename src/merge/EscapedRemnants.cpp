@@ -22,6 +22,7 @@ void EscapedRemnants::readPiece() {
     piece.rest = TextDigest{std::string_view{piece.text}.substr(1)};
     piece.digest = joined(TextDigest{"\\"}, piece.rest);
     piece.through = joined(index == 0 ? TextDigest{} : pieces_[index - 1].through, TextDigest::ofElement(piece.digest));
+    piece.searched = remnants_.size();
     piece.previous = std::exchange(last_, index);
     (piece.previous == kNone ? first_ : pieces_[piece.previous].next) = index;
     noteMark(index);
@@ -127,7 +128,7 @@ void EscapedRemnants::remove(const Place& place, Index end) {
     joint.next = pieces_[end].next;
     (joint.next == kNone ? last_ : pieces_[joint.next].previous) = kept;
     noteMark(kept);
-    if (wasLast) static_cast<void>(readOn());
+    if (wasLast && !closes_.contains(kept)) static_cast<void>(readOn());
     findKnownAround(kept);
 }
 
@@ -155,7 +156,17 @@ void EscapedRemnants::remember(Index open, Index close) {
     lengths_.insert(remnant.pieces);
     remnants_.push_back(std::move(remnant));
     turns_[digest.hash()].push_back(remnants_.size());
-    for (auto place = opens_.lower_bound(open); place != opens_.end(); ++place) places_.push({remnants_.size(), *place});
+    places_.push({remnants_.size(), open});
+}
+
+/// Behind a closing mark that a removal has made stands what was read in an earlier turn: the remnants since then are looked for when it
+/// comes first.
+void EscapedRemnants::searchUpTo(Index close) {
+    if (std::exchange(searchedTurn_, remnants_.size()) < remnants_.size()) searched_ = 0;
+    for (auto open = opens_.lower_bound(searched_); open != opens_.end() && *open < close; ++open) {
+        searched_ = *open + 1;
+        if (std::exchange(pieces_[*open].searched, remnants_.size()) < remnants_.size()) findKnownFrom(*open);
+    }
 }
 
 void EscapedRemnants::finishUpTo(Index index) {
@@ -171,6 +182,7 @@ std::string EscapedRemnants::removeAll() {
         if (opens_.empty()) {
             finishUpTo(kNone);
             pieces_.clear();
+            searched_ = 0;
             closes_.clear();
             last_ = kNone;
             const std::size_t open = std::min(text_.find(kOpen, read_), text_.size());
@@ -182,11 +194,12 @@ std::string EscapedRemnants::removeAll() {
             const Index open = *opens_.begin();
             finishUpTo(open);
             const auto close = closes_.upper_bound(open);
-            if (close == closes_.end()) {
+            searchUpTo(close == closes_.end() ? kNone : *close);
+            if (places_.empty() && close == closes_.end()) {
                 finishUpTo(kNone);
                 return left_.append(text_.substr(read_));
             }
-            remember(open, *close);
+            if (places_.empty()) remember(open, *close);
         }
         removeKnown();
     }

@@ -42,7 +42,8 @@ private:
         TextDigest rest;     ///< of what stands behind the backslash
         TextDigest through;  ///< of all pieces up to this one, as they were read
         Index previous = kNone, next = kNone;
-        Turn changed = 0;  ///< the last turn that joined a text to it
+        Turn searched = 0;  ///< the last turn whose remnant was looked for here
+        Turn changed = 0;   ///< the last turn that joined a text to it
         bool isGone = false;
     };
     struct Remnant {
@@ -64,6 +65,7 @@ private:
     void findKnown(Index from);
     void findKnownAround(Index changed);
     void findKnownFrom(Index open);
+    void searchUpTo(Index close);
     [[nodiscard]] Index endOf(const Place& place) const;
     void removeKnown();
     void remove(const Place& place, Index end);
@@ -78,6 +80,8 @@ private:
 
     std::vector<Piece> pieces_;
     Index first_ = kNone, last_ = kNone;
+    Index searched_ = 0;     ///< the opening marks in front of it were looked at by searchUpTo
+    Turn searchedTurn_ = 0;  ///< in this turn
     std::set<Index> opens_, closes_;
 
     std::vector<Remnant> remnants_;                               ///< by turn, from 1

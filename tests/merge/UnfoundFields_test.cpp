@@ -23,6 +23,7 @@ TEST(UnfoundFields, GoInTheirTurns) {
         Pieces{"«", "»", "a", "b", "«a»", "«a"},
         Pieces{R"(\'ab)", R"(\'bb)", "a", "\\", R"(\'aba\'bb)", R"(\b)"},
         Pieces{R"(\'ab)", R"(\'bb)", "'bb", "\\", R"(\'aba)", "'ab"},
+        Pieces{R"(\'ab)", R"(\'b)", R"(\b )", R"(\'aba\)", R"(\'bb)", R"(\a)"},
         Pieces{R"(\'ab)", R"(\a)", R"(\'aba\)", R"(\'bb)", R"(\'aba\'bb)", R"(\\'aba\'bb)"},
     };
     const auto seed = std::random_device{}();
@@ -59,6 +60,7 @@ TEST(UnfoundFields, GoInTimeProportionalToTheText) {
              R"(\'aba\'bb)" + times(kMany, always(R"(\'ab)")) + times(kMany, always(R"(\'aba\'bb)")) + R"(x\'bb)",
              R"(\'abY\'bb)" + times(kMany / 2, numbered(R"(\'abX)", R"(\'abY\'bb z\'bb)")),
              R"(\'abX\'bb\'abZ )" + times(kMany, always(R"(\'abX\'bb\b )")) + R"(\'bb)",
+             R"(\'abX\'bb)" + times(kMany / 2, numbered(R"(\'abZ)", R"( \'b\'abX\b )")) + R"(\'bb)",
              times(kMany, always(R"(\'ab)")) + R"(x\'bb)" + times(kMany, always(R"(\'ab)")) + R"(y\'bb)",
              times(kMany, numbered(R"(\'abName\b0 )", R"(\'bb)")),
              R"(\'abQ\'bb\'abW\'abQ\'bb\'bb)" + times(kMany, numbered(R"(\\'abN)", R"(\'bb'abQ\'bb)")),
