@@ -58,29 +58,57 @@ void EscapedRemnants::findKnown(Index from) {
     }
 }
 
-/// Wherever a piece that has changed could be part of a remnant.
+/// Wherever a piece that has changed could be part of a remnant: as far to both sides as any two pieces stand side by side in one.
 void EscapedRemnants::findKnownAround(Index changed) {
-    if (!pieceHashes_.contains(pieces_[changed].digest.hash())) return;
-    Index index = changed;
-    for (std::size_t length = 1; index != kNone && length <= *lengths_.rbegin(); ++length, index = pieces_[index].previous) {
-        if (closes_.contains(index)) return;
-        if (opens_.contains(index)) findKnownFrom(index);
+    if (lengths_.empty() || closes_.contains(changed)) return;
+    const std::size_t longest = *lengths_.rbegin();
+    Index open = kNone;
+    std::size_t inFront = 0;
+    Index first = changed;
+    for (std::size_t distance = 0; distance < longest; ++distance, first = pieces_[first].previous) {
+        if (opens_.contains(first)) {
+            open = first;
+            inFront = distance;
+        }
+        if (!areNeighbours(pieces_[first].previous, first)) break;
     }
+    if (open == kNone) return;
+    Index last = changed;
+    for (std::size_t length = 1; length < longest && areNeighbours(last, pieces_[last].next); ++length) last = pieces_[last].next;
+    const Window window = windowOf(open, pieces_[last].next);
+    for (std::size_t at = 0; at <= inFront && at < window.pieces.size(); ++at)
+        if (opens_.contains(window.pieces[at])) findKnownIn(window, at, inFront - at + 1);
 }
 
-void EscapedRemnants::findKnownFrom(Index open) {
-    TextDigest digest;
-    std::size_t length = 0;
-    Turn changed = 0;
-    for (Index index = open; pieces_[index].next != kNone && length < *lengths_.rbegin() && !closes_.contains(index);
-         index = pieces_[index].next) {
-        digest = joined(digest, TextDigest::ofElement(pieces_[index].digest));
-        changed = std::max(changed, pieces_[index].changed);
-        if (!lengths_.contains(++length)) continue;
+bool EscapedRemnants::areNeighbours(Index front, Index back) const {
+    return front != kNone && back != kNone && neighbours_.contains(pairOf(front, back));
+}
+
+std::uint64_t EscapedRemnants::pairOf(Index front, Index back) const {
+    return joined(TextDigest::ofElement(pieces_[front].digest), TextDigest::ofElement(pieces_[back].digest)).hash();
+}
+
+EscapedRemnants::Window EscapedRemnants::windowOf(Index from, Index end) const {
+    Window window;
+    window.through.emplace_back();
+    for (Index index = from; index != end && pieces_[index].next != kNone; index = pieces_[index].next) {
+        window.pieces.push_back(index);
+        window.through.push_back(joined(window.through.back(), TextDigest::ofElement(pieces_[index].digest)));
+    }
+    return window;
+}
+
+/// Remnants of at least so many pieces.
+void EscapedRemnants::findKnownIn(const Window& window, std::size_t open, std::size_t least) {
+    const std::size_t size = window.pieces.size();
+    for (auto length = lengths_.lower_bound(least); length != lengths_.end() && open + *length <= size; ++length) {
+        const TextDigest digest = withoutFront(window.through[open + *length], window.through[open], window.through[*length]);
         const auto known = turns_.find(digest.hash());
         if (known == turns_.end()) continue;
+        Turn changed = 0;
+        for (std::size_t at = open; at < open + *length; ++at) changed = std::max(changed, pieces_[window.pieces[at]].changed);
         const auto turn = std::upper_bound(known->second.begin(), known->second.end(), changed);
-        if (turn != known->second.end()) places_.push({*turn, open});
+        if (turn != known->second.end()) places_.push({*turn, window.pieces[open]});
     }
 }
 
@@ -151,7 +179,7 @@ void EscapedRemnants::remember(Index open, Index close) {
         remnant.text += piece.text;
         ++remnant.pieces;
         digest = joined(digest, TextDigest::ofElement(piece.digest));
-        pieceHashes_.insert(piece.digest.hash());
+        if (piece.next != close) neighbours_.insert(pairOf(index, piece.next));
     }
     lengths_.insert(remnant.pieces);
     remnants_.push_back(std::move(remnant));
@@ -163,9 +191,17 @@ void EscapedRemnants::remember(Index open, Index close) {
 /// comes first.
 void EscapedRemnants::searchUpTo(Index close) {
     if (std::exchange(searchedTurn_, remnants_.size()) < remnants_.size()) searched_ = 0;
-    for (auto open = opens_.lower_bound(searched_); open != opens_.end() && *open < close; ++open) {
-        searched_ = *open + 1;
-        if (std::exchange(pieces_[*open].searched, remnants_.size()) < remnants_.size()) findKnownFrom(*open);
+    const auto isNew = [&](Index open) { return pieces_[open].searched < remnants_.size(); };
+    auto open = opens_.lower_bound(searched_);
+    while (open != opens_.end() && *open < close && !isNew(*open)) ++open;
+    if (open == opens_.end() || *open >= close) return;
+    const Window window = windowOf(*open, close);
+    for (std::size_t at = 0; at < window.pieces.size(); ++at) {
+        const Index index = window.pieces[at];
+        if (!opens_.contains(index) || !isNew(index)) continue;
+        pieces_[index].searched = remnants_.size();
+        searched_ = index + 1;
+        findKnownIn(window, at, 1);
     }
 }
 

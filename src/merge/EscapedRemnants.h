@@ -59,12 +59,21 @@ private:
         }
     };
 
+    /// Pieces that stand side by side, without a closing mark.
+    struct Window {
+        std::vector<Index> pieces;
+        std::vector<TextDigest> through;  ///< of so many of them
+    };
+
     [[nodiscard]] bool readOn();
     void readPiece();
     void noteMark(Index index);
     void findKnown(Index from);
     void findKnownAround(Index changed);
-    void findKnownFrom(Index open);
+    [[nodiscard]] Window windowOf(Index from, Index end) const;
+    [[nodiscard]] bool areNeighbours(Index front, Index back) const;
+    [[nodiscard]] std::uint64_t pairOf(Index front, Index back) const;
+    void findKnownIn(const Window& window, std::size_t open, std::size_t least);
     void searchUpTo(Index close);
     [[nodiscard]] Index endOf(const Place& place) const;
     void removeKnown();
@@ -87,7 +96,7 @@ private:
     std::vector<Remnant> remnants_;                               ///< by turn, from 1
     std::unordered_map<std::uint64_t, std::vector<Turn>> turns_;  ///< of remnants that read the same
     std::set<std::size_t> lengths_;                               ///< of remnants, in pieces
-    std::unordered_set<std::uint64_t> pieceHashes_;
+    std::unordered_set<std::uint64_t> neighbours_;                ///< pieces that stand side by side in a remnant
     std::priority_queue<Place, std::vector<Place>, std::greater<>> places_;
 };
 

@@ -61,6 +61,8 @@ TEST(UnfoundFields, GoInTimeProportionalToTheText) {
              R"(\'abY\'bb)" + times(kMany / 2, numbered(R"(\'abX)", R"(\'abY\'bb z\'bb)")),
              R"(\'abX\'bb\'abZ )" + times(kMany, always(R"(\'abX\'bb\b )")) + R"(\'bb)",
              R"(\'abX\'bb)" + times(kMany / 2, numbered(R"(\'abZ)", R"( \'b\'abX\b )")) + R"(\'bb)",
+             times(kMany / 4, always(R"(\b \'abX\b )")) + R"(\'b'bb\'abX\b \'abX\)" +
+                 times(kMany / 4, always(R"(\'abX\'bb\'abY\'bb)")) + times(kMany / 4, numbered(R"(\'abX\\'ab)", "\\")),
              times(kMany, always(R"(\'ab)")) + R"(x\'bb)" + times(kMany, always(R"(\'ab)")) + R"(y\'bb)",
              times(kMany, numbered(R"(\'abName\b0 )", R"(\'bb)")),
              R"(\'abQ\'bb\'abW\'abQ\'bb\'bb)" + times(kMany, numbered(R"(\\'abN)", R"(\'bb'abQ\'bb)")),
