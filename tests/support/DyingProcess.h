@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/Text.h"
-
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
@@ -68,28 +66,6 @@ inline bool dies(int atWrite, const std::function<void()>& work) {
     EXPECT_TRUE(WIFEXITED(status));
     EXPECT_TRUE(WEXITSTATUS(status) == 0 || WEXITSTATUS(status) == kKilled) << WEXITSTATUS(status);
     return WIFEXITED(status) && WEXITSTATUS(status) == kKilled;
-}
-
-/// By the engine's own check of a file.
-inline bool isSound(const std::string& path) {
-    sqlite3* database = nullptr;
-    EXPECT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
-    sqlite3_create_collation(
-        database, "TEXTUAL", SQLITE_UTF8, nullptr, [](void*, int leftSize, const void* left, int rightSize, const void* right) {
-            const auto order = compareTextually({static_cast<const char*>(left), static_cast<std::size_t>(leftSize)},
-                                                {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
-            return order < 0 ? -1 : order > 0;
-        });
-    std::string verdict;
-    sqlite3_exec(
-        database, "PRAGMA integrity_check",
-        [](void* text, int, char** values, char**) {
-            *static_cast<std::string*>(text) += values[0];
-            return 0;
-        },
-        &verdict, nullptr);
-    sqlite3_close(database);
-    return verdict == "ok";
 }
 
 }  // namespace wmoutlook::testing

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/support/DyingProcess.h"
+#include "tests/support/RawDatabase.h"
 #include "tests/support/TestFirm.h"
 
 #include <functional>
@@ -36,8 +37,8 @@ int sweepKills(const std::function<void(const Rows&, TestHost&)>& expectConverge
             TestHost host{files};
             synchronizeAll(host, rows);
         });
-        EXPECT_TRUE(isSound(files.firm));
-        EXPECT_TRUE(isSound(files.outlook));
+        EXPECT_TRUE(RawDatabase{files.firm}.isSound());
+        EXPECT_TRUE(RawDatabase{files.outlook}.isSound());
         TestHost host{files};
         synchronizeAll(host, rows);
         expectConverged(rows, host);

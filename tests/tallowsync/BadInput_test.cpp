@@ -92,7 +92,7 @@ TEST_F(BadInput, FilesThatAreNotWhatTheyShouldBe) {
     std::ofstream{file("text.db")} << "Dear Sir or Madam, this is no database. " << std::string(5000, '.');
     std::ofstream{file("empty.db")};
     std::filesystem::copy_file(file("firm.db"), file("lacking.db"));
-    OtherProcess{file("lacking.db")}.execute("DROP TABLE OutlookSync; PRAGMA wal_checkpoint(TRUNCATE)");
+    RawDatabase{file("lacking.db")}.run("DROP TABLE OutlookSync; PRAGMA wal_checkpoint(TRUNCATE)");
     std::filesystem::copy_file(file("firm.db"), file("firm copy.db"));
     std::filesystem::copy_file(file("outlook.db"), file("outlook copy.db"));
     expectRefusal(syncOf("firm.db", "firm.db"), 2, "the same file");
@@ -115,13 +115,13 @@ TEST_F(BadInput, FilesThatAreNotWhatTheyShouldBe) {
 }
 
 TEST_F(BadInput, FilesThatAnotherProcessHolds) {
-    OtherProcess other{file("firm.db")};
-    other.execute("BEGIN IMMEDIATE");
+    const RawDatabase other{file("firm.db")};
+    other.run("BEGIN IMMEDIATE");
     expectRefusal(syncOf("firm.db", "outlook.db"), 3, file("firm.db"));
-    other.execute("ROLLBACK");
-    other.execute("PRAGMA journal_mode = DELETE");  // as a host that knows no log leaves it
-    OtherProcess reader{file("outlook.db")};
-    reader.execute("BEGIN IMMEDIATE");
+    other.run("ROLLBACK");
+    other.run("PRAGMA journal_mode = DELETE");  // as a host that knows no log leaves it
+    const RawDatabase reader{file("outlook.db")};
+    reader.run("BEGIN IMMEDIATE");
     expectRefusal(syncOf("firm.db", "outlook.db"), 3, file("outlook.db"));
 }
 
@@ -135,7 +135,7 @@ TEST_F(BadInput, FilesThatCannotBeWritten) {
 }
 
 TEST_F(BadInput, FirmWithoutAnIdentifierIsToldTheWayOut) {
-    OtherProcess{file("firm.db")}.execute("UPDATE DataVersion SET DataUniqueID = NULL; PRAGMA wal_checkpoint(TRUNCATE)");
+    RawDatabase{file("firm.db")}.run("UPDATE DataVersion SET DataUniqueID = NULL; PRAGMA wal_checkpoint(TRUNCATE)");
     expectRefusal(syncOf("firm.db", "outlook.db"), 3, "--data-file");
 }
 

@@ -14,8 +14,8 @@ protected:
 };
 
 TEST_F(MergeCommands, TemplateBecomesTheClientsText) {
-    OtherProcess firm{file("firm.db")};
-    firm.execute("UPDATE Companies SET CompanyName = 'Birch Inc.', City = 'Laval' WHERE CompanyID = 1");
+    const RawDatabase firm{file("firm.db")};
+    firm.run("UPDATE Companies SET CompanyName = 'Birch Inc.', City = 'Laval' WHERE CompanyID = 1");
     const auto before = bytes();
     EXPECT_EQ(merge({"--company", "1", "«Company Name», «City», «(Todays Date, mmmm d yyyy)»"}).out,
               "Birch Inc., Laval, November 22 2026\n");
@@ -42,8 +42,8 @@ TEST_F(MergeCommands, FieldsAndCalendarTextsAreListed) {
     const std::string lines = run({"fields", "--firm", file("firm.db"), "--list-type", "8"}).out;
     EXPECT_EQ(lines.rfind("[Task Info]\nTask Name\n", 0), 0U) << lines;
     EXPECT_NE(lines.find("Custom Task Field 5 = «Custom Remmit Field 5»\n"), std::string::npos) << lines;
-    OtherProcess firm{file("firm.db")};
-    firm.execute("UPDATE Tasks SET Subject = 'File' WHERE TaskID = 1");
+    const RawDatabase firm{file("firm.db")};
+    firm.run("UPDATE Tasks SET Subject = 'File' WHERE TaskID = 1");
     const Result text = run({"display-text", "--firm", file("firm.db"), "--kind", "1", "--id", "1", "--user", "1", "--json"});
     EXPECT_NE(text.json()["text"].get<std::string>().find("File"), std::string::npos);
 }

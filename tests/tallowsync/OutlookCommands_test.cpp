@@ -64,7 +64,7 @@ TEST_F(OutlookCommands, StoredTextsCannotSteerATerminal) {
     const std::string name = R"({"FileAs": "a\u001b[31mb\u0007\u007f\u009b2Jé"})";
     ASSERT_EQ(outlook({"add", "--folder", "Drafts"}, R"({"Subject": "x\u001b\u009b"})").status, 0);
     ASSERT_EQ(outlook({"add", "--folder", "Contacts"}, name).status, 0);
-    OtherProcess{file("outlook.db")}.execute("UPDATE Folders SET Name = 'Draw' || char(27, 10, 155) WHERE Name = 'Drafts'");
+    RawDatabase{file("outlook.db")}.run("UPDATE Folders SET Name = 'Draw' || char(27, 10, 155) WHERE Name = 'Drafts'");
     std::string shown;
     for (const std::vector<std::string>& command : {std::vector<std::string>{"folders"},
                                                     {"folders", "--json"},
@@ -112,7 +112,7 @@ TEST_F(OutlookCommands, ListGoesOnBehindAnItemThatCannotBeRead) {
         outlook({"add", "--folder", "Calendar"}, R"([{"Start": "0100-01-01T09:00:00"}, {"Start": "2026-11-24T09:00:00"}])").err,
         "");
     const std::size_t before = outlook({"list", "--json"}).json().size();
-    OtherProcess{file("outlook.db")}.execute(
+    RawDatabase{file("outlook.db")}.run(
         "UPDATE Items SET Properties = x'FF' WHERE ItemNumber = (SELECT max(ItemNumber) - 1 FROM Items)");
     const Result list = outlook({"list", "--json"});
     EXPECT_EQ(list.status, 1);

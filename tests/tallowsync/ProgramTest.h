@@ -3,9 +3,9 @@
 #include "adapters/headless/WorkingFolders.h"
 #include "apps/tallowsync/Json.h"
 #include "apps/tallowsync/Program.h"
+#include "tests/support/RawDatabase.h"
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <filesystem>
 #include <fstream>
@@ -66,22 +66,6 @@ protected:
     }
 
     TemporaryWorkingFolder folder;
-};
-
-/// Another program at work in a file.
-class OtherProcess {
-public:
-    explicit OtherProcess(const std::string& path) { EXPECT_EQ(sqlite3_open(path.c_str(), &database_), SQLITE_OK); }
-    ~OtherProcess() { sqlite3_close(database_); }
-    OtherProcess(const OtherProcess&) = delete;
-    OtherProcess& operator=(const OtherProcess&) = delete;
-
-    void execute(const std::string& sql) {
-        EXPECT_EQ(sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(database_);
-    }
-
-private:
-    sqlite3* database_ = nullptr;
 };
 
 }  // namespace wmoutlook::testing

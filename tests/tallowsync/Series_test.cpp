@@ -75,7 +75,7 @@ TEST_F(Series, NonsenseIsOneSentenceAndAddsNothing) {
 
 TEST_F(Series, DamagedOnesAreToldAndTheListGoesOn) {
     for (int i = 0; i < 3; ++i) ASSERT_EQ(add(R"({"RecurrenceType": 0, "Occurrences": 2})").err, "");
-    OtherProcess{file("outlook.db")}.execute(
+    RawDatabase{file("outlook.db")}.run(
         "UPDATE Series SET PatternEndDay = 99999999 WHERE ItemNumber IN (SELECT ItemNumber FROM Series ORDER BY ItemNumber DESC "
         "LIMIT 2)");
     const Result listed = outlook({"list", "--folder", "Calendar/Team", "--expand", "2026-11-01", "2026-11-30", "--json"});
@@ -83,7 +83,7 @@ TEST_F(Series, DamagedOnesAreToldAndTheListGoesOn) {
     EXPECT_EQ(listed.json().size(), 2U);
     EXPECT_EQ(std::count(listed.err.begin(), listed.err.end(), '\n'), 2) << listed.err;
     ASSERT_EQ(add(kWeekly).err, "");
-    OtherProcess{file("outlook.db")}.execute(
+    RawDatabase{file("outlook.db")}.run(
         "UPDATE SeriesExceptions SET Properties = x'FF00FF'; DELETE FROM Series WHERE PatternEndDay = 99999999");
     EXPECT_EQ(november(),
               "Team 2026-11-02T09:00:00\nTeam 2026-11-02T09:00:00\nTeam 2026-11-03T09:00:00\nTeam 2026-11-23T09:00:00\n");

@@ -33,7 +33,7 @@ class SyncCommand : public ProgramTest {
 protected:
     /// A client whose look-up in Outlook fails: the filter language has no way to write its name.
     void addClientWithQuotedName() {
-        OtherProcess{file("firm.db")}.execute("INSERT INTO Companies (CompanyID, CompanyName) VALUES (900, 'Bar \"Le Coin\"')");
+        RawDatabase{file("firm.db")}.run("INSERT INTO Companies (CompanyID, CompanyName) VALUES (900, 'Bar \"Le Coin\"')");
     }
 };
 
@@ -80,8 +80,7 @@ TEST_F(SyncCommand, CalendarOfTheChosenUsersIsCarriedAndKeptInStep) {
     for (const Case& c :
          {Case{"appointments", "Appointments", "AppointmentID", "Calendar"}, Case{"tasks", "Tasks", "TaskID", "Tasks"}}) {
         SCOPED_TRACE(c.objects);
-        OtherProcess{file("firm.db")}.execute("UPDATE " + c.table + " SET TextBody = NULL, UserIDNum = 7 WHERE " + c.key +
-                                              " <= 3");
+        RawDatabase{file("firm.db")}.run("UPDATE " + c.table + " SET TextBody = NULL, UserIDNum = 7 WHERE " + c.key + " <= 3");
         const std::size_t own = outlook({"list", "--folder", c.folder, "--json"}).json().size();
         const Strings options{"--users", "7", "--set", "mvarUseAppointmentDateRange=false", "--json"};
         const Json first = sync(options, c.objects).json();
@@ -91,7 +90,7 @@ TEST_F(SyncCommand, CalendarOfTheChosenUsersIsCarriedAndKeptInStep) {
         EXPECT_EQ(first["progress"]["maximum"], 3);
         EXPECT_EQ(outlook({"list", "--folder", c.folder, "--json"}).json().size(), own + 3);
 
-        OtherProcess{file("firm.db")}.execute("DELETE FROM " + c.table + " WHERE " + c.key + " = 2");
+        RawDatabase{file("firm.db")}.run("DELETE FROM " + c.table + " WHERE " + c.key + " = 2");
         const Json second = sync(options, c.objects).json()["written"]["outlook"];
         EXPECT_EQ(second["created"].size(), 0U);
         EXPECT_EQ(second["updated"].size(), 2U);
@@ -126,7 +125,7 @@ TEST_F(SyncCommand, SelectionDecidesWhatIsLinked) {
 }
 
 TEST_F(SyncCommand, ContactUnderACompanyCarriesTheCompanysName) {
-    OtherProcess{file("firm.db")}.execute("UPDATE Companies SET CompanyName = 'Orchard Lane Bakery' WHERE CompanyID = 3");
+    RawDatabase{file("firm.db")}.run("UPDATE Companies SET CompanyName = 'Orchard Lane Bakery' WHERE CompanyID = 3");
     const auto companyNameOf = [&](const std::string& contact) {
         const Json written = sync({"--contacts", contact, "--json"}).json()["written"]["outlook"];
         const Json entryID = written["created"].empty() ? written["updated"][0] : written["created"][0];
@@ -198,8 +197,8 @@ TEST_F(SyncCommand, EachAnswerToAFailureEndsTheRunItsOwnWay) {
 
 TEST_F(SyncCommand, RunLeavesNoFileOpen) {
     static_cast<void>(sync({"--companies", "1"}));
-    OtherProcess{file("firm.db")}.execute("PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
-    OtherProcess{file("outlook.db")}.execute("PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
+    RawDatabase{file("firm.db")}.run("PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
+    RawDatabase{file("outlook.db")}.run("PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
 }
 
 TEST_F(SyncCommand, LinksBelongToTheDataFileThatIsNamed) {

@@ -2,6 +2,7 @@
 #include "adapters/outlookstore/StoreAutomation.h"
 #include "adapters/outlookstore/StoreListing.h"
 #include "platform/Errors.h"
+#include "tests/support/RawDatabase.h"
 
 #include <sqlite3.h>
 #include <functional>
@@ -421,10 +422,7 @@ TEST_F(Calendar, NonsenseInTheFileIsAnErrorAndNoHang) {
           "UPDATE Items SET Properties = x'01' WHERE ItemNumber = 1", "DELETE FROM Items WHERE ItemNumber = 1"}) {
         SCOPED_TRACE(damage);
         std::filesystem::copy_file(folder.file("sound.db"), path, std::filesystem::copy_options::overwrite_existing);
-        sqlite3* raw = nullptr;
-        sqlite3_open(path.c_str(), &raw);
-        ASSERT_EQ(sqlite3_exec(raw, damage, nullptr, nullptr, nullptr), SQLITE_OK);
-        sqlite3_close(raw);
+        RawDatabase{path}.run(damage);
         open();
         auto items = expanded(kNovember);
         bool foundLunch = false;

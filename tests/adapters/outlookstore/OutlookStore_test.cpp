@@ -3,6 +3,8 @@
 #include "OutlookContract.h"
 #include "TestStore.h"
 #include "adapters/outlookstore/StoreAutomation.h"
+#include "tests/support/Files.h"
+#include "tests/support/RawDatabase.h"
 
 #include <sqlite3.h>
 #include <sys/resource.h>
@@ -11,7 +13,6 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
-#include <iterator>
 #include <set>
 
 namespace wmoutlook::testing {
@@ -35,36 +36,6 @@ INSTANTIATE_TEST_SUITE_P(EmbeddedStore, OutlookContract,
                                  return application;
                              }}),
                          [](const auto& test) { return test.param.name; });
-
-/// Nothing for a folder or a file that is not there.
-std::string bytesOf(const std::string& path) {
-    if (!std::filesystem::is_regular_file(path)) return {};
-    std::ifstream file{path, std::ios::binary};
-    return {std::istreambuf_iterator<char>{file}, {}};
-}
-
-/// A second pair of hands on the file, as another program would have.
-class RawFile {
-public:
-    explicit RawFile(const std::string& path) { sqlite3_open(path.c_str(), &handle_); }
-    RawFile(const RawFile&) = delete;
-    RawFile& operator=(const RawFile&) = delete;
-    ~RawFile() { sqlite3_close(handle_); }
-    [[nodiscard]] std::string text(const std::string& sql) const {
-        std::string text;
-        const auto take = [](void* to, int, char** values, char**) {
-            return static_cast<std::string*>(to)->assign(values[0]), 0;
-        };
-        EXPECT_EQ(sqlite3_exec(handle_, sql.c_str(), take, &text, nullptr), SQLITE_OK) << sql;
-        return text;
-    }
-    void run(const std::string& sql) const {
-        ASSERT_EQ(sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-    }
-
-private:
-    sqlite3* handle_ = nullptr;
-};
 
 class OutlookStoreFile : public ::testing::Test {
 protected:
@@ -125,7 +96,7 @@ TEST_F(OutlookStoreFile, DamageIsAnErrorAndTheWalkGoesOnBehindIt) {
          {"x''", "x'02'", "x'0165'", "x'01650105'", "x'016503'", "x'0165FFFFFFFFFFFFFFFFFFFF01'", "x'01FE7F0100'",
           "x'010001014101FF'", "x'01000901410100'", "x'01FA0104000000000000F07F'", "'text'"}) {
         SCOPED_TRACE(bytes);
-        RawFile{path}.run(std::string{"UPDATE Items SET Properties = "} + bytes + " WHERE ItemNumber = 2");
+        RawDatabase{path}.run(std::string{"UPDATE Items SET Properties = "} + bytes + " WHERE ItemNumber = 2");
         const Session session{path};
         const auto items = session.contacts->items();
         ASSERT_NE(items->getFirst(), nullptr);
@@ -144,7 +115,7 @@ TEST_F(OutlookStoreFile, AFolderTreeThatRunsInACircleIsDamage) {
         clients = session.contacts->folders()->add("Clients", outlook::DefaultFolder::contacts)->entryID();
         store = session.contacts->storeID();
     }
-    RawFile{path}.run("UPDATE Folders SET ParentNumber = FolderNumber WHERE Name = 'Clients'");
+    RawDatabase{path}.run("UPDATE Folders SET ParentNumber = FolderNumber WHERE Name = 'Clients'");
     const auto session = openOutlookStore(path)->getRunning()->getNamespace("MAPI");
     EXPECT_NE(messageOf([&] { static_cast<void>(session->getFolderFromID(clients, store)); }).find("is damaged"),
               std::string::npos);
@@ -153,7 +124,7 @@ TEST_F(OutlookStoreFile, AFolderTreeThatRunsInACircleIsDamage) {
 TEST_F(OutlookStoreFile, DamageThatMattersToEveryRunIsToldAtOpeningAndNothingIsWritten) {
     const std::string whole = bytesOf(path);
     const auto page = [&](const std::string& name) {
-        return std::stoul(RawFile{path}.text("SELECT rootpage FROM sqlite_schema WHERE name = '" + name + "'"));
+        return std::stoul(RawDatabase{path}.text("SELECT rootpage FROM sqlite_schema WHERE name = '" + name + "'"));
     };
     struct Case {
         std::string damage, said;
@@ -179,7 +150,7 @@ TEST_F(OutlookStoreFile, DamageThatMattersToEveryRunIsToldAtOpeningAndNothingIsW
         const std::size_t head = c.overwritten == 1 ? 100 : 0;  // of the file, without which it is no store at all
         if (c.overwritten > 0) bytes.replace((c.overwritten - 1) * 4096 + head, 4096 - head, 4096 - head, '\x7E');
         std::ofstream{path, std::ios::binary} << bytes;
-        RawFile{path}.run(c.damage);
+        RawDatabase{path}.run(c.damage);
         const std::string before = bytesOf(path);
         const std::string message = messageOf([&] { static_cast<void>(openOutlookStore(path)); });
         EXPECT_EQ(message.rfind("The Outlook store \"" + path + "\" ", 0), 0U) << message;
@@ -191,7 +162,7 @@ TEST_F(OutlookStoreFile, DamageThatMattersToEveryRunIsToldAtOpeningAndNothingIsW
 }
 
 TEST_F(OutlookStoreFile, MoreTablesAndColumnsInAnotherSpellingAreNoDamage) {
-    RawFile{path}.run(
+    RawDatabase{path}.run(
         "CREATE TABLE Signatures (Text); ALTER TABLE Items ADD COLUMN Flag; ALTER TABLE items RENAME TO other; "
         "ALTER TABLE other RENAME TO ITEMS; ALTER TABLE ITEMS RENAME COLUMN Modified TO mODIFIED");
     EXPECT_NO_THROW(Session{path}.add("Anne"));
@@ -200,7 +171,7 @@ TEST_F(OutlookStoreFile, MoreTablesAndColumnsInAnotherSpellingAreNoDamage) {
 TEST_F(OutlookStoreFile, APageThatIsDamagedDuringARunIsOneSentence) {
     const Session session{path};
     for (int i = 0; i < 100; ++i) session.add("Somebody " + std::to_string(i));
-    const RawFile raw{path};
+    const RawDatabase raw{path};
     raw.run("PRAGMA wal_checkpoint(TRUNCATE)");
     const auto root = std::stol(raw.text("SELECT rootpage FROM sqlite_schema WHERE name = 'Items'"));
     std::fstream{path, std::ios::binary | std::ios::in | std::ios::out}.seekp((root - 1) * 4096) << std::string(4096, '\x7E');
@@ -287,7 +258,7 @@ TEST_F(OutlookStoreFile, AFileThatAnotherProcessHoldsIsAnErrorAndUsableAfterward
     const Session session{path, impatient};
     const auto item = session.item(session.add("Before"));
     {
-        const RawFile other{path};
+        const RawDatabase other{path};
         other.run("BEGIN IMMEDIATE");
         EXPECT_NE(messageOf([&] { static_cast<void>(openOutlookStore(path, impatient)); }).find(path + "\" is locked"),
                   std::string::npos);
@@ -354,8 +325,7 @@ TEST_F(OutlookStoreFile, KilledAtAnyWriteItKeepsWhatWasSavedAndStaysWhole) {
         }
         const auto id = session.add("Afterwards");
         EXPECT_GE(std::stoi(id.substr(id.size() - 4), nullptr, 16), saved + 1) << "no identifier comes back";
-        const RawFile raw{path};
-        EXPECT_EQ(raw.text("PRAGMA integrity_check"), "ok");
+        EXPECT_TRUE(RawDatabase{path}.isSound());
     }
     EXPECT_LT(fewest, 3);
     EXPECT_EQ(most, 12) << "the sweep ends with a run that lives";

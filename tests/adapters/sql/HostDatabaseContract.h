@@ -24,7 +24,7 @@ struct HostDatabaseEngine {
     std::function<std::shared_ptr<HostDatabase>(const std::filesystem::path& folder)> openEmpty;
 };
 
-class HostDatabaseContract : public testing::TestWithParam<HostDatabaseEngine> {
+class HostDatabaseContract : public ::testing::TestWithParam<HostDatabaseEngine> {
 protected:
     HostDatabaseContract() : database_(GetParam().openEmpty(folder_.path())) {}
 

@@ -65,7 +65,7 @@ private:
 };
 
 /// Five appointments, each of which fills pages of its own.
-class ReadFaults : public testing::Test {
+class ReadFaults : public ::testing::Test {
 protected:
     ReadFaults() {
         createSqliteDatabase(path_);

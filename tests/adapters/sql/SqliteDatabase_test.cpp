@@ -2,14 +2,16 @@
 
 #include "adapters/sql/BulkInsert.h"
 #include "adapters/sql/SqliteDatabase.h"
-
-#include <sqlite3.h>
+#include "tests/support/Files.h"
+#include "tests/support/RawDatabase.h"
 
 #include <fstream>
-#include <iterator>
 
 namespace wmoutlook {
 namespace {
+
+using wmoutlook::testing::bytesOf;
+using wmoutlook::testing::RawDatabase;
 
 std::shared_ptr<HostDatabase> openEmptySqlite(const std::filesystem::path& folder) {
     const std::string path = (folder / "firm.tallow").string();
@@ -17,29 +19,10 @@ std::shared_ptr<HostDatabase> openEmptySqlite(const std::filesystem::path& folde
     return openSqliteDatabase(path);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sqlite, HostDatabaseContract, testing::Values(HostDatabaseEngine{"Sqlite", openEmptySqlite}),
+INSTANTIATE_TEST_SUITE_P(Sqlite, HostDatabaseContract, ::testing::Values(HostDatabaseEngine{"Sqlite", openEmptySqlite}),
                          [](const auto& engine) { return engine.param.name; });
 
-/// Another program's connection to the file.
-class Intruder {
-public:
-    explicit Intruder(const std::string& path) {
-        sqlite3_open(path.c_str(), &database_);
-        sqlite3_create_collation(database_, "TEXTUAL", SQLITE_UTF8, nullptr,
-                                 [](void*, int, const void*, int, const void*) { return 0; });
-    }
-    ~Intruder() { sqlite3_close(database_); }
-    Intruder(const Intruder&) = delete;
-    Intruder& operator=(const Intruder&) = delete;
-    void run(const std::string& sql) {
-        ASSERT_EQ(sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-    }
-
-private:
-    sqlite3* database_ = nullptr;
-};
-
-class SqliteFile : public testing::Test {
+class SqliteFile : public ::testing::Test {
 protected:
     std::string path(std::string_view name = "firm.tallow") const { return (folder_.path() / name).string(); }
     std::string create() const {
@@ -49,11 +32,6 @@ protected:
     std::string write(std::string_view name, std::string_view content) const {
         std::ofstream{path(name), std::ios::binary} << content;
         return path(name);
-    }
-    static std::string contentOf(const std::string& file) {
-        if (!std::filesystem::is_regular_file(file)) return {};
-        std::ifstream stream{file, std::ios::binary};
-        return {std::istreambuf_iterator<char>{stream}, {}};
     }
     std::vector<std::string> files() const {
         std::vector<std::string> names;
@@ -85,10 +63,10 @@ TEST_F(SqliteFile, AFileThatIsNoFirmIsRefusedByNameAndStaysAsItIs) {
     const std::string firm = create();
     const std::string lacking = path("lacking");
     std::filesystem::copy_file(firm, lacking);
-    Intruder{lacking}.run("DROP TABLE Reminders");
+    RawDatabase{lacking}.run("DROP TABLE Reminders");
     const auto withoutColumns = [&](std::string_view name, const std::string& change) {
         std::filesystem::copy_file(firm, path(name));
-        Intruder{path(name)}.run(change);
+        RawDatabase{path(name)}.run(change);
         return path(name);
     };
     std::filesystem::create_directory(path("folder"));
@@ -104,8 +82,8 @@ TEST_F(SqliteFile, AFileThatIsNoFirmIsRefusedByNameAndStaysAsItIs) {
                  "Dear Sir, this is a letter of more than a hundred bytes, so that it could have the head of a database, "
                  "which it has not."),
            "no database"},
-          {write("broken", contentOf(firm).substr(0, 5000)), "damaged"},
-          {write("cut", contentOf(firm).substr(0, contentOf(firm).size() - 1)), "is damaged: it is cut short to "},
+          {write("broken", bytesOf(firm).substr(0, 5000)), "damaged"},
+          {write("cut", bytesOf(firm).substr(0, bytesOf(firm).size() - 1)), "is damaged: it is cut short to "},
           {write("empty", ""), "lacks the table"},
           {withoutColumns("oldContacts", "ALTER TABLE Contacts DROP COLUMN Gender"),
            R"(lacks the column "Gender" of the table "Contacts"; add )"},
@@ -116,17 +94,17 @@ TEST_F(SqliteFile, AFileThatIsNoFirmIsRefusedByNameAndStaysAsItIs) {
           {lacking, "lacks the table \"Reminders\""}}) {
         SCOPED_TRACE(c.file);
         const auto before = files();
-        const std::string content = contentOf(c.file);
+        const std::string content = bytesOf(c.file);
         const std::string message = messageOfOpening(c.file);
         EXPECT_EQ(message.rfind("The database file \"" + c.file + "\" ", 0), 0U) << message;
         EXPECT_NE(message.find(c.said), std::string::npos) << message;
         EXPECT_EQ(files(), before);
-        EXPECT_EQ(contentOf(c.file), content);
+        EXPECT_EQ(bytesOf(c.file), content);
     }
 }
 
 TEST_F(SqliteFile, AHostMaySpellNamesItsWayAndHaveMore) {
-    Intruder{create()}.run(
+    RawDatabase{create()}.run(
         "CREATE TABLE Invoices (InvoiceID, Total); ALTER TABLE Contacts ADD COLUMN Nickname; ALTER TABLE Contacts RENAME COLUMN "
         "Gender TO gENDER; ALTER TABLE Reminders RENAME TO Renamed; ALTER TABLE Renamed RENAME TO REMINDERS");
     const auto database = openSqliteDatabase(path());
@@ -135,7 +113,7 @@ TEST_F(SqliteFile, AHostMaySpellNamesItsWayAndHaveMore) {
 }
 
 TEST_F(SqliteFile, AFileThatAnotherProgramHoldsIsSaidToBeLocked) {
-    Intruder other{create()};
+    const RawDatabase other{create()};
     other.run("BEGIN IMMEDIATE");
     EXPECT_NE(messageOfOpening(path()).find("locked by another program"), std::string::npos);
     EXPECT_EQ(messageOfOpening(path(), {.readOnly = true}), "it was opened");
@@ -147,7 +125,7 @@ TEST_F(SqliteFile, AWriteWhileAnotherProgramHoldsTheFileIsAnErrorAndCanBeTriedAg
     const auto database = openSqliteDatabase(create(), {.busyTimeoutMilliseconds = 10});
     addRow(*database, "Contacts", {{"DisplayName", "Ann"}});
     const auto rows = database->openRecordset("SELECT Contacts.* FROM Contacts;", LockCode::updatable);
-    Intruder other{path()};
+    const RawDatabase other{path()};
     other.run("BEGIN IMMEDIATE");
     EXPECT_THROW(database->updateField(rows, "LastName", "Roy"), DatabaseError);
     EXPECT_EQ(database->getField(rows, "LastName"), Variant{});
@@ -162,7 +140,7 @@ TEST_F(SqliteFile, AFileWithoutALogGetsOneWithTheFirstWrite) {
         file.seekg(18);  // the version of the file's format: 2 is the one with a log
         return file.get();
     };
-    Intruder{create()}.run("PRAGMA journal_mode = DELETE");
+    RawDatabase{create()}.run("PRAGMA journal_mode = DELETE");
     const auto database = openSqliteDatabase(path());
     EXPECT_EQ(first(*database, "SELECT CompanyName FROM Companies;", "CompanyName"), "no row");
     EXPECT_EQ(journal(), 1);
@@ -178,7 +156,7 @@ TEST_F(SqliteFile, WhatAnotherProgramDeletesIsNoticed) {
     const auto rows = database->openRecordset("SELECT Contacts.* FROM Contacts;", LockCode::updatable);
     database->moveNext(rows);
     (void)database->recordCount(rows);
-    Intruder{path()}.run("DELETE FROM Contacts WHERE ContactID > 1");
+    RawDatabase{path()}.run("DELETE FROM Contacts WHERE ContactID > 1");
     EXPECT_THROW(database->updateField(rows, "DisplayName", "Bob"), DatabaseError);
     database->moveNext(rows);
     EXPECT_TRUE(database->isEndOfRecordset(rows));
@@ -189,8 +167,8 @@ TEST_F(SqliteFile, WhatAnotherProgramWritesIsSeenBeforeItIsWrittenOver) {
     for (const std::string_view name : {"Ann", "Bob"}) addRow(*database, "Contacts", {{"DisplayName", name}});
     const auto walk = database->openRecordset("SELECT Contacts.* FROM Contacts;", LockCode::readOnly);
     (void)database->moveFirst(walk);  // reads share a view from here on
-    Intruder{path()}.run("UPDATE Contacts SET DisplayName = 'Intruder' WHERE ContactID = 2");
-    Intruder{path()}.run("INSERT INTO Contacts (DisplayName) VALUES ('New')");
+    RawDatabase{path()}.run("UPDATE Contacts SET DisplayName = 'Intruder' WHERE ContactID = 2");
+    RawDatabase{path()}.run("INSERT INTO Contacts (DisplayName) VALUES ('New')");
     const auto rows = database->openRecordset("SELECT Contacts.* FROM Contacts;", LockCode::updatable);
     EXPECT_TRUE(database->findFirst(rows, "DisplayName", "New"));  // otherwise the caller would add it once more
     ASSERT_TRUE(database->findFirst(rows, "ContactID", "2"));
@@ -200,14 +178,14 @@ TEST_F(SqliteFile, WhatAnotherProgramWritesIsSeenBeforeItIsWrittenOver) {
 
 TEST_F(SqliteFile, ColumnsThatAnotherProgramAddsOrDropsLeadToNoOtherRow) {
     create();
-    Intruder{path()}.run("ALTER TABLE Contacts ADD COLUMN Early INTEGER DEFAULT 2");
+    RawDatabase{path()}.run("ALTER TABLE Contacts ADD COLUMN Early INTEGER DEFAULT 2");
     const auto database = openSqliteDatabase(path());
     for (const std::string_view name : {"Ann", "Bob", "Cid"})
         addRow(*database, "Contacts", {{"DisplayName", name}, {"Early", "2"}});
     const auto open = [&] { return database->openRecordset("SELECT Contacts.* FROM Contacts;", LockCode::updatable); };
     const auto rows = open();
     (void)database->moveFirst(rows);
-    Intruder{path()}.run("ALTER TABLE Contacts ADD COLUMN Rank INTEGER DEFAULT 3");
+    RawDatabase{path()}.run("ALTER TABLE Contacts ADD COLUMN Rank INTEGER DEFAULT 3");
     database->updateField(rows, "HomeCity", "Ottawa");
     database->moveNext(rows);
     database->deleteRecord(rows);
@@ -215,17 +193,17 @@ TEST_F(SqliteFile, ColumnsThatAnotherProgramAddsOrDropsLeadToNoOtherRow) {
     EXPECT_EQ(walk(*database, again, "DisplayName"), (std::vector<std::string>{"Ann", "Cid"}));
     EXPECT_EQ(first(*database, "SELECT HomeCity FROM Contacts WHERE ContactID = 1", "HomeCity"), "Ottawa");
 
-    Intruder{path()}.run("ALTER TABLE Contacts DROP COLUMN Early");
+    RawDatabase{path()}.run("ALTER TABLE Contacts DROP COLUMN Early");
     EXPECT_THROW((void)database->findFirst(open(), "ContactID", "1"), DatabaseError);
 }
 
 TEST_F(SqliteFile, FileWithoutALogIsNotKeptFromOthers) {
     const std::string local = path("local.db");
-    Intruder{local}.run("CREATE TABLE OutlookLogin (ProfileName)");
+    RawDatabase{local}.run("CREATE TABLE OutlookLogin (ProfileName)");
     const auto store = openSqliteDatabase(create())->openLocalStore(local, "");
     ASSERT_NE(store, nullptr);
     (void)store->hasRows(store->openRecordset("SELECT OutlookLogin.* FROM OutlookLogin;", LockCode::readOnly));
-    Intruder{local}.run("INSERT INTO OutlookLogin VALUES ('Office')");
+    RawDatabase{local}.run("INSERT INTO OutlookLogin VALUES ('Office')");
 }
 
 TEST_F(SqliteFile, TwoProgramsAreNeverGivenTheSameNumber) {
@@ -249,7 +227,7 @@ TEST_F(SqliteFile, ADryRunIsUndoneAtTheEnd) {
         const auto database = openSqliteDatabase(path());
         addRow(*database, "Contacts", {{"DisplayName", "Ann"}});
     }
-    const std::string before = contentOf(path());
+    const std::string before = bytesOf(path());
     {
         const auto database = openSqliteDatabase(path(), {.dryRun = true});
         addRow(*database, "Contacts", {{"DisplayName", "Bob"}});
@@ -257,39 +235,39 @@ TEST_F(SqliteFile, ADryRunIsUndoneAtTheEnd) {
         database->updateField(rows, "DisplayName", "Eve");
         EXPECT_EQ(first(*database, "SELECT DisplayName FROM Contacts WHERE ContactID = 2", "DisplayName"), "Bob");
     }
-    EXPECT_EQ(contentOf(path()), before);
+    EXPECT_EQ(bytesOf(path()), before);
     EXPECT_EQ(files(), (std::vector<std::string>{"firm.tallow"}));
 }
 
 TEST_F(SqliteFile, OpenedForReadingItCannotBeWritten) {
     create();
-    const std::string before = contentOf(path());
+    const std::string before = bytesOf(path());
     {
         const auto database = openSqliteDatabase(path(), {.readOnly = true});
         EXPECT_THROW(addRow(*database, "Contacts", {{"DisplayName", "Ann"}}), DatabaseError);
         EXPECT_EQ(first(*database, "SELECT DisplayName FROM Contacts", "DisplayName"), "no row");
     }
-    EXPECT_EQ(contentOf(path()), before);
+    EXPECT_EQ(bytesOf(path()), before);
     EXPECT_EQ(files(), (std::vector<std::string>{"firm.tallow"}));
 }
 
 TEST_F(SqliteFile, CreatingNeverTouchesAFileThatIsThere) {
     write("firm.tallow", "something else");
     EXPECT_THROW(createSqliteDatabase(path()), DatabaseError);
-    EXPECT_EQ(contentOf(path()), "something else");
+    EXPECT_EQ(bytesOf(path()), "something else");
     EXPECT_THROW(createSqliteDatabase(path("no/such/folder")), DatabaseError);
 }
 
 TEST_F(SqliteFile, ALocalStoreNeedsNoTablesOfAFirm) {
     const auto database = openSqliteDatabase(create());
-    Intruder{path("legacy.mdb")}.run(
+    RawDatabase{path("legacy.mdb")}.run(
         "CREATE TABLE OutlookLogin (ProfileName Text(100)); INSERT INTO OutlookLogin VALUES ('Old');");
-    const std::string before = contentOf(path("legacy.mdb"));
+    const std::string before = bytesOf(path("legacy.mdb"));
     const auto store = database->openLocalStore(path("legacy.mdb"), "secret");
     ASSERT_TRUE(store->isDatabaseOpen());
     EXPECT_EQ(first(*store, "SELECT OutlookLogin.* From OutlookLogin;", "ProfileName"), "Old");
     store->closeDatabase();
-    EXPECT_EQ(contentOf(path("legacy.mdb")), before);
+    EXPECT_EQ(bytesOf(path("legacy.mdb")), before);
     EXPECT_FALSE(database->openLocalStore(write("text", std::string(200, 'x')), "")->isDatabaseOpen());
 }
 
