@@ -99,10 +99,9 @@ std::string filledIn(std::string_view pattern, const CoupleNames& names) {
 
 /// By the shortest decimal digits that tell the number, half away from zero: 8.165 is 8.17, although it is a little less in binary.
 std::string roundedToCents(double amount) {
-    std::array<char, 400> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), amount, std::chars_format::fixed);
-    if (end.ec != std::errc{}) return "0.00";  // so small that its digits fill more than the buffer
-    std::string digits{buffer.data(), end.ptr};
+    std::array<char, 400> buffer{};  // no amount takes more than 330
+    std::string digits{buffer.data(),
+                       std::to_chars(buffer.data(), buffer.data() + buffer.size(), amount, std::chars_format::fixed).ptr};
     if (digits.find('.') == std::string::npos) digits += '.';
     const std::size_t kept = digits.find('.') + 3;
     const bool isUp = digits.size() > kept && digits[kept] >= '5';

@@ -6,6 +6,8 @@
 #include "platform/Routine.h"
 #include "platform/ValueHelper.h"
 
+#include <utility>
+
 namespace wmoutlook {
 
 namespace {
@@ -95,10 +97,13 @@ std::string clsLookupFields::clientsQuery() const {
     return "SELECT " + client + " From " + table + " GROUP BY " + client + " ORDER BY " + client + ";";
 }
 
-clsLookupFields::Client clsLookupFields::clientOf(const Recordset& row) const {
+/// Nothing for a row without a client, and for one whose client could not be told.
+std::optional<clsLookupFields::Client> clsLookupFields::clientOf(const Recordset& row) const {
     const ColumnsTable& columns = *tableOf(LookUpFieldsType);
-    const auto number = [&](std::string_view column) { return column.empty() ? kNoRecord : row.number(column, kNoRecord); };
-    return {number(columns.companyColumn), number(columns.contactColumn)};
+    const auto companyID = columns.companyColumn.empty() ? kNoRecord : row.numberIfRead(columns.companyColumn, kNoRecord);
+    const auto contactID = row.numberIfRead(columns.contactColumn, kNoRecord);
+    if (!companyID || !contactID || (*companyID < 0 && *contactID < 0)) return std::nullopt;
+    return Client{*companyID, *contactID};
 }
 
 /// The rows of a client with the column that is written; a client that is a company is known by that alone.
@@ -115,7 +120,9 @@ std::string clsLookupFields::rowsQuery(const Client& client) const {
            toText(isCompany ? client.companyID : client.contactID) + ";";
 }
 
-std::string clsLookupFields::valueFor(const Client& client) const {
+/// Nothing when it could not be read.
+std::optional<std::string> clsLookupFields::valueFor(const Client& client) const {
+    const std::uint64_t failuresBefore = Routine::failures();
     clsInsertFieldsInRTB merge;
     merge.MergeFieldListUse(clsInsertFieldsInRTB::kTaxColumns);
     merge.ListType =
@@ -124,7 +131,8 @@ std::string clsLookupFields::valueFor(const Client& client) const {
     merge.contactID = client.contactID;
     merge.ConvertStrToRTF = false;
     merge.initializeDataRecordsetsForSingleDocMerge();
-    return merge.getMergeDataFromFieldName(fieldName);
+    std::string value = merge.getMergeDataFromFieldName(fieldName);
+    return Routine::failures() == failuresBefore ? std::optional{std::move(value)} : std::nullopt;
 }
 
 void clsLookupFields::write(std::string_view query, std::string_view value) const {
@@ -139,8 +147,9 @@ void clsLookupFields::populateLookupFieldValuesForAllClients() const {
         if (ValueHelper::isNullOrEmpty(fieldName) || !hasKind(kLookup)) return;  // no field is no reason to blank the column
         Recordset clients{clientsQuery()};
         for (clients.moveFirst(); !clients.isAtEnd(); clients.moveNext()) {
-            const Client client = clientOf(clients);
-            if (client.companyID >= 0 || client.contactID >= 0) write(rowsQuery(client), valueFor(client));
+            const auto client = clientOf(clients);
+            const auto value = client ? valueFor(*client) : std::nullopt;
+            if (value) write(rowsQuery(*client), *value);
         }
     });
 }

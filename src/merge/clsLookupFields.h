@@ -3,6 +3,7 @@
 #include "platform/Variant.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,6 +38,7 @@ public:
     [[nodiscard]] bool isClientRepeaterField() const;
     [[nodiscard]] bool isTaskTypeRepeaterField() const;
 
+    /// The rows of a client whose value could not be read keep theirs.
     void populateLookupFieldValuesForAllClients() const;
     void removeLookupFieldVales() const;  ///< blanks the column in all rows, of personal tax records in those of the year
 
@@ -57,10 +59,10 @@ private:
     [[nodiscard]] bool hasKind(std::int32_t kind) const;
     [[nodiscard]] bool isOfKind(std::string_view errorTag, std::int32_t kind) const;
     [[nodiscard]] std::string clientsQuery() const;
-    [[nodiscard]] Client clientOf(const Recordset& row) const;
+    [[nodiscard]] std::optional<Client> clientOf(const Recordset& row) const;
     [[nodiscard]] Client chosenClient() const;
     [[nodiscard]] std::string rowsQuery(const Client& client) const;
-    [[nodiscard]] std::string valueFor(const Client& client) const;
+    [[nodiscard]] std::optional<std::string> valueFor(const Client& client) const;
     void write(std::string_view query, std::string_view value) const;
     void repeat(std::string_view errorTag, std::int32_t kind) const;
 

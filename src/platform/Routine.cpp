@@ -19,6 +19,11 @@ Routine*& theCurrentRoutine() {
     return routine;
 }
 
+std::uint64_t& theFailures() {
+    static std::uint64_t failures = 0;
+    return failures;
+}
+
 ErrorReport reportOfCaught(std::string_view errorTag) {
     ErrorReport report;
     report.errorTag = errorTag;
@@ -51,6 +56,10 @@ Routine* Routine::current() {
     return theCurrentRoutine();
 }
 
+std::uint64_t Routine::failures() {
+    return theFailures();
+}
+
 Routine::Routine(std::string_view errorTag, const Event<>* exitProgram, OnFailure onFailure)
     : errorTag_(errorTag),
       exitProgram_(exitProgram),
@@ -80,8 +89,8 @@ Routine::Next Routine::handleCaught() {
     Routine* const routine = current();
     if (routine == nullptr) throw;
     switch (routine->report()) {
-        case ErrorAnswer::goOn: return Next::goOn;
-        case ErrorAnswer::leaveRoutine: throw Leave{routine};
+        case ErrorAnswer::goOn: ++theFailures(); return Next::goOn;
+        case ErrorAnswer::leaveRoutine: ++theFailures(); throw Leave{routine};
         case ErrorAnswer::endProgram: routine->raiseExitProgram(); return Next::tryAgain;
         case ErrorAnswer::tryAgain: break;
     }
@@ -89,6 +98,7 @@ Routine::Next Routine::handleCaught() {
 }
 
 void Routine::reportUncaught() {
+    ++theFailures();
     if (report() == ErrorAnswer::endProgram) raiseExitProgram();
 }
 

@@ -3,6 +3,7 @@
 #include "platform/Event.h"
 #include "platform/Services.h"
 
+#include <cstdint>
 #include <exception>
 #include <memory>
 #include <string_view>
@@ -66,6 +67,9 @@ public:
 
     /// The routine that is running; nothing outside of all routines.
     [[nodiscard]] static Routine* current();
+    /// How many failures have had a consequence so far: a statement that was skipped or a routine that was left. For those who have
+    /// to tell an empty answer from none.
+    [[nodiscard]] static std::uint64_t failures();
 
 private:
     template <class Attempt>

@@ -1,6 +1,7 @@
 #include "merge/clsLookupFields.h"
 
 #include "tests/merge/MergeFirm.h"
+#include "tests/support/FaultyDatabase.h"
 
 namespace wmoutlook::testing {
 namespace {
@@ -100,6 +101,29 @@ TEST_F(LookupColumns, TaxRecordsAreThoseOfTheYear) {
     fields.RepeatValue = "R";
     fields.populateClientRepeaterFieldValues();
     EXPECT_EQ(columnOf("PersonalTaxStatus"), "old|R|");
+}
+
+TEST_F(LookupColumns, FailingCallLeavesTheValueOfARowOrWritesTheRightOne) {
+    chooseKind("RemittanceCustomType2", "3");
+    add("Schedule", "ScheduleID", {{"ClientNum", toText(company)}, {"ContactIDNum", toText(contact)}});
+    Faults faults;
+    const auto faulty = host.component(std::make_shared<FaultyDatabase>(host.database, faults));
+    for (const ErrorAnswer answer : {ErrorAnswer::goOn, ErrorAnswer::leaveRoutine}) {
+        host.errors->answer = [&](const ErrorReport&) { return answer; };
+        int call = 0;
+        for (std::string column = "old|"; call == 0 || faults.failed > 0;) {
+            faults = {};
+            Recordset{"SELECT Schedule.* FROM Schedule;", LockCode::updatable}.update("Custom2", "old");
+            faults = {};
+            faults.failOnce(++call);
+            fields.populateLookupFieldValuesForAllClients();
+            column = columnOf("Schedule");
+            EXPECT_TRUE(column == "Laval|" || (faults.failed > 0 && column == "old|"))
+                << column << " " << call << " " << faults.firstFailed << " " << faults.firstField;
+        }
+        EXPECT_GT(call, 30);
+        faults = {};
+    }
 }
 
 TEST_F(LookupColumns, OneDataFileIsLeftOut) {
