@@ -131,8 +131,9 @@ std::int32_t Recordset::number(std::string_view name, std::int32_t fallback) con
 }
 
 bool Recordset::truth(std::string_view name) const {
-    const Variant value = field(name);
-    return !ValueHelper::isNullOrEmpty(value) && statement([&] { return value.toBoolean(); });
+    const auto isTrue = converted(
+        name, [](const Variant& value) { return std::optional{!ValueHelper::isNullOrEmpty(value) && value.toBoolean()}; });
+    return isTrue.value_or(false);
 }
 
 std::optional<bool> Recordset::findFirstIfTold(std::string_view field, std::string_view value) const {

@@ -1,5 +1,6 @@
 #include "calendar/CalendarWriter.h"
 #include "tests/calendar/CalendarFirm.h"
+#include "tests/support/RawDatabase.h"
 
 namespace wmoutlook::testing {
 namespace {
@@ -88,6 +89,31 @@ TEST(AppointmentWriting, ReminderIsSetOrLeftAlone) {
     items[2]->save();
     firm.run();
     EXPECT_EQ(textOf(*firm.items()[2], property::ReminderSet), "True");
+}
+
+TEST(AppointmentWriting, WhatIsPutRightBeforeARetryIsReadAgain) {
+    struct Case {
+        const char *field, *wrong, *right;
+    };
+    for (const Case& c :
+         {Case{"Remind", "maybe", "True"}, Case{"ReminderPeriod", "4 Weeks", "1 Hr"}, Case{"TimeFrom", "early", "09:00:00"}}) {
+        SCOPED_TRACE(c.field);
+        CalendarFirm firm{kAppointments};
+        firm.addAppointment({{"Remind", "True"}, {"ReminderPeriod", "1 Hr"}, {"TimeFrom", "09:00:00"}});
+        RawDatabase{firm.host.files.firm}.run("UPDATE Appointments SET " + std::string{c.field} + " = '" + c.wrong + "'");
+        firm.host.errors->answer = [&](const ErrorReport&) {
+            HostDatabase& database = *firm.host.database;
+            const RecordsetHandle rows = database.openRecordset("SELECT Appointments.* FROM Appointments;", LockCode::updatable);
+            database.updateField(rows, c.field, c.right);
+            database.closeRecordset(rows);
+            return firm.host.errors->reports.size() < 5 ? ErrorAnswer::tryAgain : ErrorAnswer::leaveRoutine;
+        };
+        firm.run();
+        ASSERT_EQ(firm.items().size(), 1U);
+        EXPECT_EQ(textOf(*firm.items()[0], property::Start), "2026-11-24 09:00:00");
+        EXPECT_EQ(textOf(*firm.items()[0], property::ReminderMinutesBeforeStart), "60");
+        EXPECT_EQ(firm.host.errors->reports.size(), 1U);
+    }
 }
 
 TEST(AppointmentWriting, NotesArriveAsATruthValue) {

@@ -84,7 +84,7 @@ TEST_F(RecordsetFailures, CloseThatFailsIsReportedAndMayLeaveTheRoutine) {
 TEST_F(RecordsetFailures, KeptPositionSurvivesANestedSearch) {
     Routine routine{"test"};
     routine.run([&] {
-        const Recordset rows{"SELECT Companies.* FROM Companies;"};
+        Recordset rows{"SELECT Companies.* FROM Companies;"};
         {
             const KeptPosition kept{rows};
             rows.findFirst("CompanyName", "Alder");
@@ -97,6 +97,8 @@ TEST_F(RecordsetFailures, KeptPositionSurvivesANestedSearch) {
         }
         faults = {};
         EXPECT_TRUE(rows.isAtEnd());  // a nested walk's row is not walked on from
+        rows.moveNext();
+        EXPECT_TRUE(rows.isAtEnd());
         EXPECT_TRUE(rows.findFirst("CompanyName", "Alder"));
         EXPECT_FALSE(rows.isAtEnd());
     });

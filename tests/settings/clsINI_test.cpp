@@ -165,6 +165,12 @@ TEST_F(Settings, EnumerationsHoldAsMuchAsTheirBuffer) {
     settings.renameSection("S", "T");  // would lose the keys behind the cut
     EXPECT_EQ(bytes(), content);
     EXPECT_EQ(errors->reports.size(), 1U);
+    errors->answer = [&](const ErrorReport&) {
+        put("[S]\r\na=1\r\n");
+        return errors->reports.size() < 5 ? ErrorAnswer::tryAgain : ErrorAnswer::leaveRoutine;
+    };
+    settings.renameSection("S", "T");  // the keys are counted anew
+    EXPECT_EQ(bytes(), "[T]\r\na=1\r\n");
 }
 
 TEST_F(Settings, FailureLosesNothingAndIsToldOnce) {

@@ -2,6 +2,8 @@
 #include "hostdata/HostServices.h"
 #include "platform/Routine.h"
 #include "tests/calendar/CalendarFirm.h"
+#include "tests/support/FaultyDatabase.h"
+#include "tests/support/RawDatabase.h"
 
 namespace wmoutlook::testing {
 namespace {
@@ -62,6 +64,27 @@ TEST_F(CalendarLinking, OccurrencesOfASeriesAreToldApartByTheirDay) {
                                                        {"14", "", "N", "False", "", ""}}));
     EXPECT_EQ(appointments.getTallowbrookAppointmentIDFromOutlookID("S", 1, store, onDay(9)), 13);
     EXPECT_EQ(appointments.getTallowbrookAppointmentIDFromOutlookID("S", 1, store, onDay(16)), -1);
+}
+
+TEST_F(CalendarLinking, LinkIsKeptWithoutAFieldThatItIsFoundWithout) {
+    Faults faults;
+    hostServices().database = std::make_shared<FaultyDatabase>(firm.host.database, faults);
+    firm.host.errors->answer = [](const ErrorReport&) { return ErrorAnswer::goOn; };
+    for (const Occurrence& occurrence : {kSingle, onDay(2)})
+        for (int call = 1;; ++call) {
+            faults = {};
+            faults.failOnce(call);
+            appointments.saveOutlookAppointmentID("N", 14, store, occurrence, 5);
+            const Faults done = std::exchange(faults, {});
+            const std::string& field = done.firstField;
+            const bool isKept =
+                field == "DateLastSync" || field == "RepeatNum" || (field == "IsRecurringItem" && !occurrence.isRecurring);
+            if (done.firstFailed == "setNewField") {
+                EXPECT_EQ(firm.links().size(), isKept ? 1U : 0U) << field;
+            }
+            RawDatabase{firm.host.files.firm}.run("DELETE FROM OutlookSync");
+            if (done.failed == 0) break;
+        }
 }
 
 TEST_F(CalendarLinking, NumberOfASeriesIsDrawnOnceAndThenSharedByAllItsLinks) {

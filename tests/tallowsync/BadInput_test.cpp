@@ -120,6 +120,9 @@ TEST_F(BadInput, FilesThatAnotherProcessHolds) {
     expectRefusal(syncOf("firm.db", "outlook.db"), 3, file("firm.db"));
     other.run("ROLLBACK");
     other.run("PRAGMA journal_mode = DELETE");  // as a host that knows no log leaves it
+    other.run("BEGIN; SELECT * FROM Companies");
+    expectRefusal(syncOf("firm.db", "outlook.db"), 3, file("firm.db"));
+    other.run("COMMIT");
     const RawDatabase reader{file("outlook.db")};
     reader.run("BEGIN IMMEDIATE");
     expectRefusal(syncOf("firm.db", "outlook.db"), 3, file("outlook.db"));

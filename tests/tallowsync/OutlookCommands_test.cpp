@@ -1,3 +1,4 @@
+#include "tests/support/Files.h"
 #include "tests/tallowsync/ProgramTest.h"
 
 namespace wmoutlook::testing {
@@ -119,6 +120,28 @@ TEST_F(OutlookCommands, ListGoesOnBehindAnItemThatCannotBeRead) {
     EXPECT_EQ(list.json().size(), before - 1);
     EXPECT_NE(list.err.find("cannot read"), std::string::npos) << list.err;
     EXPECT_EQ(outlook({"list", "--expand", "0100-01-01", "2026-11-30"}).status, 1);
+}
+
+TEST_F(OutlookCommands, AListThatBreaksOffIsADocumentAllTheSame) {
+    const std::size_t all = outlook({"list", "--json"}).json().size();
+    const RawDatabase raw{file("outlook.db")};
+    raw.run("PRAGMA wal_checkpoint(TRUNCATE)");
+    const auto root = static_cast<std::size_t>(raw.number("SELECT rootpage FROM sqlite_schema WHERE name = 'Items'"));
+    std::string bytes = bytesOf(file("outlook.db"));
+    const auto numberAt = [&](std::size_t at, std::size_t size) {
+        std::size_t number = 0;
+        for (std::size_t i = at; i < at + size; ++i) number = number * 256 + static_cast<unsigned char>(bytes[i]);
+        return number;
+    };
+    const std::size_t page = (root - 1) * 4096;
+    ASSERT_EQ(bytes[page], 5) << "the page has leaves below it";
+    const std::size_t leaf = numberAt(page + numberAt(page + 14, 2), 4);  // the second one
+    bytes.replace((leaf - 1) * 4096, 4096, 4096, '\0');
+    std::ofstream{file("outlook.db"), std::ios::binary} << bytes;
+    const Result listed = outlook({"list", "--json"});
+    EXPECT_EQ(listed.status, 3);
+    EXPECT_GT(listed.json().size(), 0U);
+    EXPECT_LT(listed.json().size(), all);
 }
 
 }  // namespace

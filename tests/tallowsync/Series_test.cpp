@@ -82,11 +82,20 @@ TEST_F(Series, DamagedOnesAreToldAndTheListGoesOn) {
     EXPECT_EQ(listed.status, 1);
     EXPECT_EQ(listed.json().size(), 2U);
     EXPECT_EQ(std::count(listed.err.begin(), listed.err.end(), '\n'), 2) << listed.err;
-    ASSERT_EQ(add(kWeekly).err, "");
-    RawDatabase{file("outlook.db")}.run(
-        "UPDATE SeriesExceptions SET Properties = x'FF00FF'; DELETE FROM Series WHERE PatternEndDay = 99999999");
-    EXPECT_EQ(november(),
-              "Team 2026-11-02T09:00:00\nTeam 2026-11-02T09:00:00\nTeam 2026-11-03T09:00:00\nTeam 2026-11-23T09:00:00\n");
+}
+
+TEST_F(Series, DamagedOccurrencesOfOneAreToldDayByDay) {
+    ASSERT_EQ(add(R"({"RecurrenceType": 0, "Occurrences": 5, "Exceptions": [{"OriginalDate": "2026-11-03", "Subject": "a"},
+                     {"OriginalDate": "2026-11-04", "Subject": "b"}, {"OriginalDate": "2026-11-05", "Subject": "c"}]})")
+                  .err,
+              "");
+    RawDatabase{file("outlook.db")}.run("UPDATE SeriesExceptions SET Properties = x'FF00FF'");
+    const Result listed = outlook({"list", "--folder", "Calendar/Team", "--expand", "2026-11-01", "2026-11-30", "--json"});
+    EXPECT_EQ(listed.status, 1);
+    EXPECT_EQ(listed.json().size(), 2U);
+    EXPECT_EQ(std::count(listed.err.begin(), listed.err.end(), '\n'), 3) << listed.err;
+    for (const char* const day : {"2026-11-03", "2026-11-04", "2026-11-05"})
+        EXPECT_NE(listed.err.find(day), std::string::npos) << listed.err;
 }
 
 TEST_F(Series, AWrongSpanIsWrongUsage) {

@@ -25,13 +25,19 @@ DayNumber clampedDay(std::int64_t day, DayNumber least, DayNumber most) {
     return static_cast<DayNumber>(std::clamp<std::int64_t>(day, least, most));
 }
 
+/// In front of the advice, if there is one; nothing new for a message that begins with it.
+std::string named(std::string message, const std::string& what) {
+    if (message.find(what.substr(1) + " ") == 1) return message;
+    return message.insert(std::min(message.find("; "), message.size()), " (" + what + ")");
+}
+
 /// Tells what it is that cannot be read.
 template <class Read>
 auto naming(const std::string& what, Read read) {
     try {
         return read();
     } catch (const OutlookError& error) {
-        throw OutlookError{error.number(), std::string{error.what()} + " (" + what + ")"};
+        throw OutlookError{error.number(), named(error.what(), what)};
     }
 }
 

@@ -237,14 +237,16 @@ void SqliteConnection::beginTrial() {
 }
 
 void SqliteConnection::startLog() {
-    isLogWanted_ = false;
     bool isLog = false;
     const auto read = [](void* result, int, char** values, char**) {
         *static_cast<bool*>(result) = std::string_view{values[0]} == "wal";
         return 0;
     };
-    sqlite3_exec(database_, "PRAGMA journal_mode = WAL", read, &isLog, nullptr);
-    if (isLog) shareReads();
+    const int result = sqlite3_exec(database_, "PRAGMA journal_mode = WAL", read, &isLog, nullptr);
+    if (result == SQLITE_ERROR) return;  // a statement of ours is running: with a later write
+    if (result == SQLITE_BUSY) fail("The write-ahead log cannot be started");
+    isLogWanted_ = false;
+    if (result == SQLITE_OK && isLog) shareReads();  // a switch that failed has told "wal" too
 }
 
 void SqliteConnection::beforeStatement(bool isReading) {

@@ -39,7 +39,8 @@ void fill(const std::string& path) {
 }  // namespace
 
 std::shared_ptr<HostDatabase> openSqliteDatabase(const std::string& path, const SqliteOptions& options) {
-    return sql::makeDatabase(std::make_unique<sql::SqliteDriver>(sql::connectToFirm(path, options), options));
+    return sql::makeDatabase(
+        std::make_unique<sql::SqliteDriver>(sql::connectToFirm(path, options), options, sql::SqliteDriver::Journal::log));
 }
 
 void createSqliteDatabase(const std::string& path) {

@@ -27,13 +27,13 @@ bool hasLog(SqliteConnection& connection) {
 
 }  // namespace
 
-SqliteDriver::SqliteDriver(std::unique_ptr<SqliteConnection> connection, const SqliteOptions& options)
+SqliteDriver::SqliteDriver(std::unique_ptr<SqliteConnection> connection, const SqliteOptions& options, Journal journal)
     : connection_(std::move(connection)), options_(options) {
     if (options_.dryRun)
         connection_->beginTrial();
     else if (hasLog(*connection_))
         connection_->shareReads();
-    else if (!options_.readOnly)
+    else if (journal == Journal::log && !options_.readOnly)
         connection_->startLogAtFirstWrite();
 }
 
@@ -139,7 +139,7 @@ std::string SqliteDriver::differs(const std::string& left, const std::string& ri
 /// This engine's files have no password, so the access text opens nothing here.
 std::unique_ptr<Driver> SqliteDriver::openLocalStore(const std::string& path, std::string_view) {
     try {
-        return std::make_unique<SqliteDriver>(connectToStore(path, options_), options_);
+        return std::make_unique<SqliteDriver>(connectToStore(path, options_), options_, Journal::asItIs);
     } catch (const DatabaseError&) {
         return nullptr;
     }

@@ -12,7 +12,10 @@ namespace wmoutlook::sql {
 class SqliteDriver final : public Driver {
 public:
     /// Takes a connection that is ready for work. In a dry run it is undone when the driver goes.
-    SqliteDriver(std::unique_ptr<SqliteConnection> connection, const SqliteOptions& options);
+    /// What becomes of a file without a write-ahead log: it gets one with the first write, or goes back to its own program as it came.
+    enum class Journal { log, asItIs };
+
+    SqliteDriver(std::unique_ptr<SqliteConnection> connection, const SqliteOptions& options, Journal journal);
     ~SqliteDriver() override;
 
     std::unique_ptr<Statement> prepare(const std::string& text, TextOrigin origin) override;

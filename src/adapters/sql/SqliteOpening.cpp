@@ -151,13 +151,24 @@ std::unique_ptr<SqliteConnection> connectForReading(const std::string& path, int
     return std::make_unique<SqliteConnection>(path, SqliteConnection::Mode::immutable, timeout);
 }
 
-std::unique_ptr<SqliteConnection> connectForWriting(const std::string& path, int timeout) {
+/// What others may be doing with a file that is opened for writing. Without a log also a program that only reads keeps all others
+/// from storing what they write.
+enum class OthersMay { read, doNothing };
+
+/// Another program that holds the file, and a folder in which no journal can be made, show now and not in the middle of a run.
+void requireWritable(SqliteConnection& connection, OthersMay others) {
+    // With a log both come to the same.
+    connection.execute(others == OthersMay::read ? "BEGIN IMMEDIATE" : "BEGIN EXCLUSIVE");
+    connection.execute("PRAGMA user_version = 1");  // goes to the journal alone
+    connection.execute("ROLLBACK");
+}
+
+std::unique_ptr<SqliteConnection> connectForWriting(const std::string& path, int timeout, OthersMay others) {
     auto connection = std::make_unique<SqliteConnection>(path, SqliteConnection::Mode::readWrite, timeout);
     readTables(*connection);
     if (sqlite3_db_readonly(connection->get(), "main") != 0)
         fail(Fault::readOnly, named(path) + " cannot be written to; change its permissions, or work on a copy.");
-    connection->execute("BEGIN IMMEDIATE");  // another program that holds the file shows now and not in the middle of a run
-    connection->execute("ROLLBACK");
+    requireWritable(*connection, others);
     return connection;
 }
 
@@ -169,10 +180,10 @@ void tune(SqliteConnection& connection, const SqliteOptions& options) {
     connection.execute("PRAGMA temp_store = MEMORY");
 }
 
-std::unique_ptr<SqliteConnection> connect(const std::string& path, const SqliteOptions& options) {
+std::unique_ptr<SqliteConnection> connect(const std::string& path, const SqliteOptions& options, OthersMay others) {
     requireFile(path);
     auto connection = options.readOnly ? connectForReading(path, options.busyTimeoutMilliseconds)
-                                       : connectForWriting(path, options.busyTimeoutMilliseconds);
+                                       : connectForWriting(path, options.busyTimeoutMilliseconds, others);
     tune(*connection, options);
     return connection;
 }
@@ -181,7 +192,7 @@ std::unique_ptr<SqliteConnection> connect(const std::string& path, const SqliteO
 
 std::unique_ptr<SqliteConnection> connectToFirm(const std::string& path, const SqliteOptions& options) {
     try {
-        auto connection = connect(path, options);
+        auto connection = connect(path, options, options.dryRun ? OthersMay::read : OthersMay::doNothing);
         requireLength(*connection);
         requireColumns(*connection);
         return connection;
@@ -192,7 +203,7 @@ std::unique_ptr<SqliteConnection> connectToFirm(const std::string& path, const S
 }
 
 std::unique_ptr<SqliteConnection> connectToStore(const std::string& path, const SqliteOptions& options) {
-    return connect(path, options);
+    return connect(path, options, OthersMay::read);
 }
 
 }  // namespace wmoutlook::sql

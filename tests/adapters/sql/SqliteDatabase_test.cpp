@@ -145,6 +145,10 @@ TEST_F(SqliteFile, AFileWithoutALogGetsOneWithTheFirstWrite) {
     EXPECT_EQ(first(*database, "SELECT CompanyName FROM Companies;", "CompanyName"), "no row");
     EXPECT_EQ(journal(), 1);
     const auto rows = database->openRecordset("SELECT Contacts.* FROM Contacts;", LockCode::updatable);
+    const RawDatabase other{path()};
+    other.run("BEGIN; SELECT * FROM Contacts");
+    EXPECT_THROW(addRow(*database, "Contacts", {{"DisplayName", "Ann"}}), DatabaseError);
+    other.run("COMMIT");
     addRow(*database, "Contacts", {{"DisplayName", "Ann"}});
     EXPECT_EQ(journal(), 2);
     database->closeRecordset(rows);
@@ -266,8 +270,11 @@ TEST_F(SqliteFile, ALocalStoreNeedsNoTablesOfAFirm) {
     const auto store = database->openLocalStore(path("legacy.mdb"), "secret");
     ASSERT_TRUE(store->isDatabaseOpen());
     EXPECT_EQ(first(*store, "SELECT OutlookLogin.* From OutlookLogin;", "ProfileName"), "Old");
-    store->closeDatabase();
     EXPECT_EQ(bytesOf(path("legacy.mdb")), before);
+    store->updateField(store->openRecordset("SELECT OutlookLogin.* From OutlookLogin;", LockCode::updatable), "ProfileName",
+                       "New");
+    store->closeDatabase();
+    EXPECT_EQ(bytesOf(path("legacy.mdb"))[18], before[18]) << "it keeps the journal that its own program knows";
     EXPECT_FALSE(database->openLocalStore(write("text", std::string(200, 'x')), "")->isDatabaseOpen());
 }
 
