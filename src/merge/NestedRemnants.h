@@ -14,7 +14,8 @@ namespace wmoutlook::merge {
 /// Takes away placeholders between plain marks that may stand inside of each other: every occurrence of the first one, from its opening
 /// mark through the next closing mark, then of the one that is the first by then, until none is left. As a remnant ends with the only
 /// closing mark that it holds, at most one ends at each closing mark; those that end alike are kept together, by their innermost part at
-/// first and by more of them only when a longer remnant asks for it, so that the time goes with the length of the text.
+/// first and by more of them only when a longer remnant asks for it. The time goes with the length of the text; a text that is made for
+/// it, with many long remnants that differ in their last parts alone, takes no more than the power of 1.5 of it.
 ///
 /// A mark is one character: bytes that come to stand side by side never become one.
 class NestedRemnants {
