@@ -21,9 +21,10 @@ namespace wmoutlook::merge {
 /// stands to both sides of it may become a mark, or part of a later remnant.
 ///
 /// Here the text is read once. From the first opening mark to the next closing one it is taken apart at its backslashes; the remnants of
-/// earlier turns are looked for in it and go in the order of their turns; what is the first by then is the remnant of the next turn. As no
-/// remnant holds a closing mark, what is behind has no part in that until an earlier remnant takes the backslash of the closing one. The
-/// time goes with the length of the text, times the number of lengths that its remnants have: a handful, unless a text is made for it.
+/// earlier turns, which are known by then, are looked for in it and go in the order of their turns; what is the first after that is the
+/// remnant of the next turn. As no remnant holds a closing mark, what is behind has no part in that until an earlier remnant takes the
+/// backslash of the closing one. The time goes with the length of the text, times the number of lengths that its remnants have: a
+/// handful, unless a text is made for it.
 class EscapedRemnants {
 public:
     explicit EscapedRemnants(std::string_view text) : text_(text) {}

@@ -5,8 +5,8 @@
 
 namespace wmoutlook::merge {
 
-/// A hash of a text that is made from those of its parts: a polynomial of its bytes modulo 2^61 - 1. That of a sequence of texts is one of
-/// their hashes.
+/// A hash of a text that is made from those of its parts: a polynomial of its bytes modulo 2^61 - 1. A sequence of texts has one that is
+/// made of theirs.
 class TextDigest {
 public:
     TextDigest() = default;
