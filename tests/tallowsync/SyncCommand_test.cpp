@@ -94,7 +94,7 @@ TEST_F(SyncCommand, CalendarOfTheChosenUsersIsCarriedAndKeptInStep) {
         const Json second = sync(options, c.objects).json()["written"]["outlook"];
         EXPECT_EQ(second["created"].size(), 0U);
         EXPECT_EQ(second["updated"].size(), 2U);
-        EXPECT_EQ(second["deleted"], (Json{first["written"]["outlook"]["created"][1]}));
+        EXPECT_EQ(second["deleted"], Json::array({first["written"]["outlook"]["created"][1]}));
     }
 }
 
