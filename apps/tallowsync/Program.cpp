@@ -57,11 +57,24 @@ ExitStatus delivered(ExitStatus status, Console& console, bool isWorkDone) {
     return status == ExitStatus::done || status == ExitStatus::doneWithFailures ? ExitStatus::badFile : status;
 }
 
+/// An empty value, as a variable that is not set leaves it in a script, is no value; a mail may do without a subject or a text.
+void refuseEmptyValues(const CLI::App& line) {
+    const auto isFreeText = [](const CLI::Option& option) { return option.check_lname("subject") || option.check_lname("body"); };
+    for (const CLI::Option* const option : line.get_options()) {
+        const std::vector<std::string> values = option->results();
+        if (option->get_positional() || isFreeText(*option) || std::find(values.begin(), values.end(), "") == values.end())
+            continue;
+        throw CLI::ValidationError{option->get_name() + " is empty"};
+    }
+    for (const CLI::App* const below : line.get_subcommands()) refuseEmptyValues(*below);
+}
+
 /// Reads the command line: the action to do, or the exit status when there is nothing left to do.
 std::optional<ExitStatus> parse(CLI::App& app, std::vector<std::string> arguments, Console& console) {
     std::reverse(arguments.begin(), arguments.end());
     try {
         app.parse(std::move(arguments));
+        refuseEmptyValues(app);
         return std::nullopt;
     } catch (const CLI::Success& help) {
         app.exit(help, console.out, console.err);

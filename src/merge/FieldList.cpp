@@ -33,8 +33,7 @@ std::string_view nameOf(SourceKind kind) {
 }
 
 void FieldList::clear() {
-    fields_.clear();
-    current_ = 0;
+    *this = {};
 }
 
 const Field& FieldList::addField(Field field) {
@@ -50,16 +49,28 @@ bool FieldList::moveTo(std::int32_t index) {
 }
 
 std::int32_t FieldList::find(std::string_view value, std::size_t column) {
-    for (std::int32_t index = 1; index <= count(); ++index) {
-        const Field& field = fields_[static_cast<std::size_t>(index) - 1];
-        const bool isIt = column == fieldColumn::kDisplayName     ? equalsTextually(field.displayName, value)
-                          : column == fieldColumn::kDatabaseField ? equalsTextually(field.databaseField, value)
-                                                                  : equalsTextually(valueOf(field, column).toText(), value);
-        if (!isIt) continue;
-        current_ = index;
-        return index;
+    std::int32_t found = kNotFound;
+    if (column == fieldColumn::kDisplayName) {
+        found = indexOfName(value);
+    } else {
+        const auto field = std::find_if(fields_.begin(), fields_.end(), [&](const Field& one) {
+            return column == fieldColumn::kDatabaseField ? equalsTextually(one.databaseField, value)
+                                                         : equalsTextually(valueOf(one, column).toText(), value);
+        });
+        if (field != fields_.end()) found = static_cast<std::int32_t>(field - fields_.begin()) + 1;
     }
-    return kNotFound;
+    if (found != kNotFound) current_ = found;
+    return found;
+}
+
+/// A template can hold any number of names, and each is looked for.
+std::int32_t FieldList::indexOfName(std::string_view displayName) {
+    while (named_ < count()) {
+        const Field& field = fields_[static_cast<std::size_t>(named_++)];
+        firstOfName_.try_emplace(lowerCase(field.displayName), named_);
+    }
+    const auto known = firstOfName_.find(FoldedName{displayName}.text());
+    return known == firstOfName_.end() ? kNotFound : known->second;
 }
 
 Variant FieldList::value(std::size_t column) const {

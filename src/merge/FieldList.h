@@ -1,11 +1,14 @@
 #pragma once
 
+#include "merge/FoldedName.h"
 #include "merge/Placeholders.h"
 #include "platform/Variant.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 /// The catalogue of every placeholder that a template may use.
@@ -62,7 +65,11 @@ public:
     [[nodiscard]] bool has(const Placeholders& placeholders) const;
 
 private:
+    [[nodiscard]] std::int32_t indexOfName(std::string_view displayName);
+
     std::vector<Field> fields_;
+    std::unordered_map<std::string, std::int32_t, HashOfName, std::equal_to<>> firstOfName_;  ///< in lower case
+    std::int32_t named_ = 0;  ///< so many rows have their names in there
     std::int32_t current_ = 0;
 };
 

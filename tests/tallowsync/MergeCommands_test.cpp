@@ -1,6 +1,7 @@
 #include "tests/tallowsync/ProgramTest.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace wmoutlook::testing {
 namespace {
@@ -50,10 +51,18 @@ TEST_F(MergeCommands, FieldsAndCalendarTextsAreListed) {
 
 TEST_F(MergeCommands, TemplateIsChecked) {
     EXPECT_EQ(run({"check-template", "«Company Name» «Appointment Name» «Unknown"}).status, 1);
-    EXPECT_EQ(run({"check-template", "«Task Name» «Appointment Name» «(Task Due Date, d)»"}).out, "");
+    for (const char* const right : {"«Task Name» «Appointment Name» «(Task Due Date, d)»", "«( Task Due Date , d)»"}) {
+        const Result checked = run({"check-template", right});
+        EXPECT_EQ(checked.out + checked.err, "");
+        EXPECT_EQ(checked.status, 0);
+    }
     EXPECT_NE(run({"check-template", "«Appointment Name» «Unknown»"}).out.find("«Unknown»"), std::string::npos);
-    EXPECT_EQ(run({"check-template", "«( Task Due Date , d)»"}).out, "");
-    EXPECT_EQ(run({"check-template", "{\\rtf1 \\'abUnknown\\'bb}"}).status, 1);
+    EXPECT_EQ(run({"check-template", "«Company Name"}).out,
+              "You are missing your opening brackets, '«' in one of your expressions\n");
+    const Result longName = run({"check-template", "«" + std::string(41, 'x') + "»"});
+    EXPECT_NE(longName.out.find("a field. eg. «Company Name»\n"), std::string::npos) << longName.out;
+    for (const char* const wrong : {"{\\rtf1 \\'abUnknown\\'bb}", "{\\rtf1 «Unknown»}"})
+        EXPECT_EQ(run({"check-template", wrong}).status, 1) << wrong;
     EXPECT_EQ(run({"check-template", "--plain", "{\\rtf1 \\'abUnknown\\'bb}"}).status, 0);
     EXPECT_EQ(run({"check-template", "--list-type", "5", "--json", "«Task Name»"}).json()["messages"].size(), 1U);
     EXPECT_EQ(run({"check-template", "--rtf", "-"}, "\\'abCompany Name\\'bb").status, 0);
@@ -68,7 +77,34 @@ TEST_F(MergeCommands, TemplateIsChecked) {
     EXPECT_EQ(merge({"--task", "1", "--appointment", "1", "y"}).status, 2);
     EXPECT_EQ(merge({"--user", "99999", "y"}).status, 2);
     EXPECT_EQ(run({"display-text", "--firm", file("firm.db"), "--kind", "1", "--id", "1", "--user", "99999"}).status, 2);
-    EXPECT_EQ(run({"fields", "--firm", file("firm.db"), "--list-type", "4"}).status, 2);
+    for (const char* const none : {"4", "abc", "2147483648"}) {
+        const Result refused = run({"fields", "--firm", file("firm.db"), "--list-type", none});
+        EXPECT_EQ(refused.status, 2);
+        EXPECT_NE(refused.err.find("is none of 1, 2, 3, 5, 6, 8"), std::string::npos) << refused.err;
+    }
+}
+
+TEST_F(MergeCommands, EmptyValueIsNoValue) {
+    for (const std::vector<std::string>& line :
+         {std::vector<std::string>{"merge", "--firm", "", "x"},
+          {"fields", "--firm", "", "--list-type", "5"},
+          {"check-template", "--firm", "", "x"},
+          {"merge", "--firm", file("firm.db"), "--user", "", "x"},
+          {"display-text", "--firm", file("firm.db"), "--kind", "1", "--id", "1", "--user", ""}}) {
+        const Result refused = run(line);
+        EXPECT_EQ(refused.status, 2) << line[0];
+        EXPECT_EQ(refused.out, "");
+        EXPECT_NE(refused.err.find(" is empty; 'tallowsync " + line[0] + " --help' explains it."), std::string::npos)
+            << refused.err;
+    }
+}
+
+TEST_F(MergeCommands, CheckOfManyNamesTakesOneReading) {
+    std::string text;
+    for (int i = 0; i < 50000; ++i) text += "«Task Name»";
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(run({"check-template", "-"}, text).status, 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds{5});  // 20 without an index of the names
 }
 
 }  // namespace

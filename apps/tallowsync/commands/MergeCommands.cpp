@@ -6,6 +6,7 @@
 #include "apps/tallowsync/run/FirmHost.h"
 #include "hostdata/modDatabaseFunctions.h"
 #include "merge/clsInsertFieldsInRTB.h"
+#include "platform/Text.h"
 #include "platform/richtext/RichText.h"
 
 #include <algorithm>
@@ -100,6 +101,12 @@ struct FieldsOptions {
 constexpr const char* kListTypes =
     "1 company with its default contact, 2 company and contact, 3 contact alone, 5 appointment, 6 time entry, 8 task";
 
+std::string faultOfListType(const std::string& given) {
+    constexpr std::string_view kNumbers[] = {"1", "2", "3", "5", "6", "8"};
+    const bool isOne = std::find(std::begin(kNumbers), std::end(kNumbers), given) != std::end(kNumbers);
+    return isOne ? std::string{} : inQuotes(given) + " is none of 1, 2, 3, 5, 6, 8";
+}
+
 ExitStatus listFields(const FieldsOptions& options, Console& console) {
     const FirmHost host{at(options.host, options.now), console};
     clsInsertFieldsInRTB merge;
@@ -125,7 +132,7 @@ ExitStatus listFields(const FieldsOptions& options, Console& console) {
 Action declareFields(CLI::App& line) {
     const auto options = std::make_shared<FieldsOptions>();
     declareFirm(line, options->host, options->now);
-    line.add_option("--list-type", options->listType, kListTypes)->required()->check(CLI::IsMember({1, 2, 3, 5, 6, 8}));
+    line.add_option("--list-type", options->listType, kListTypes)->required()->check(faultOfListType);
     line.add_option("--use", options->use, "1 a merge (the default), 3 whole address lines and a full name")
         ->check(CLI::Range(1, 5));
     line.add_flag("--json", options->asJson, "Print JSON: the rows of the list and the items of both pick lists");
@@ -275,7 +282,10 @@ std::vector<std::string> checkTemplate(const CheckOptions& options, const std::s
     std::vector<std::string> faults;
     const auto listener = merge.MergeCommentError.subscribe([&](const std::string& message) { faults.push_back(message); });
     const bool isRich = options.isRich || (!options.isPlain && RichText::isRichText(text));
-    if (merge.testRTBComment(text, isRich, true, false) && faults.empty())
+    // Plain marks count in rich text too.
+    const bool hasFault =
+        merge.testRTBComment(text, false, true, false) || (isRich && merge.testRTBComment(text, true, true, false));
+    if (hasFault && faults.empty())
         for (const ErrorReport& error : host.errors()) faults.push_back(error.message);
     return faults;
 }
@@ -286,11 +296,11 @@ Action declareCheckTemplate(CLI::App& line) {
                     "The firm's database, for its country, province and own fields; Ontario without it");
     line.add_option("--now", options->now, kNowHelp);
     line.add_option("--list-type", options->listType, std::string{kListTypes} + "; without it a name of any list is known")
-        ->check(CLI::IsMember({1, 2, 3, 5, 6, 8}));
-    auto* const rich =
-        line.add_flag("--rtf", options->isRich, "The template is rich text, with escaped marks; otherwise it is looked at");
+        ->check(faultOfListType);
+    auto* const rich = line.add_flag("--rtf", options->isRich,
+                                     "The template is rich text, where escaped marks count too; otherwise it is looked at");
     line.add_flag("--plain", options->isPlain, "The template is plain text")->excludes(rich);
-    line.add_flag("--json", options->asJson, "Print JSON: valid, messages; the check ends with the first fault");
+    line.add_flag("--json", options->asJson, "Print JSON: valid, messages; the check ends at the first fault");
     line.add_option("TEMPLATE", options->text, "The template; - reads it from standard input")->required();
     return [options](Console& console) {
         const std::string text = templateText(options->text, console);
@@ -299,7 +309,7 @@ Action declareCheckTemplate(CLI::App& line) {
         if (options->asJson)
             console.out << jsonText({{"valid", faults.empty()}, {"messages", faults}}, 2) << '\n';
         else if (host.errors().empty())  // those are told
-            for (const std::string& fault : faults) console.out << onOneLine(fault) << '\n';
+            for (const std::string& fault : faults) console.out << onOneLine(replaceAll(fault, "\r\n\r\n", " ")) << '\n';
         return faults.empty() ? host.status() : ExitStatus::doneWithFailures;
     };
 }
