@@ -115,7 +115,9 @@ void OccurrenceWalk::openSeries() {
         if ((single_ && single_->key < place.key) || (!open_.empty() && open_.begin()->first.key < place.key)) return;
         unopened_ = file_.series().next(terms_.folder, place, range_.low);
         auto walk = naming(itemOf(place.number), [&] { return walkOf(place.number); });
-        if (walk && walk->current()) open_.emplace(ItemPlace{walk->current()->start, place.number}, *std::move(walk));
+        if (!walk || !walk->current()) continue;
+        const ItemPlace first{walk->current()->start, place.number};
+        open_.emplace(first, *std::move(walk));
     }
 }
 
