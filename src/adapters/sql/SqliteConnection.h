@@ -36,7 +36,7 @@ public:
     void shareReads();
     void endSharedRead() noexcept;
     /// A file without a write-ahead log gets one when something is written for the first time, not for being opened. While others
-    /// hold the file that write fails, and the next one tries again. Where a log is not to be had it stays without.
+    /// hold the file that write fails, and the next one tries again. Where the engine has no log to offer it stays without.
     void startLogAtFirstWrite() { isLogWanted_ = true; }
     [[nodiscard]] bool isViewOld() const { return sharedReads_ > 1; }
     /// Begins the transaction in which everything is done from now on, to be undone by ROLLBACK. Some failures of the file make

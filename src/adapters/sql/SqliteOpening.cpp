@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <set>
 #include <utility>
@@ -135,14 +136,28 @@ void requireNoLog(const std::string& path) {
                                     "another folder and open the copy.");
 }
 
+bool isReadOnly(const SqliteConnection& connection) {
+    return sqlite3_db_readonly(connection.get(), "main") != 0;
+}
+
+/// A log that is begun by one who may only read is one that the file's owner cannot write to.
+bool wouldBeginLog(const SqliteConnection& connection) {
+    constexpr std::streamoff kFormatVersion = 18;
+    std::ifstream file{nativePath(connection.path()), std::ios::binary};
+    const bool isLogged = file.seekg(kFormatVersion).get() == 2;
+    return isReadOnly(connection) && isLogged && !std::filesystem::exists(nativePath(connection.path() + "-shm"));
+}
+
 /// A file that may be written is opened so even for reading, with writing switched off, because only then the engine tidies up
-/// its log at the end. One in a folder that cannot be written to is read as it lies there.
+/// its log at the end. One that cannot be written to, or lies in such a folder, is read as it lies there.
 std::unique_ptr<SqliteConnection> connectForReading(const std::string& path, int timeout) {
     try {
         auto connection = std::make_unique<SqliteConnection>(path, SqliteConnection::Mode::readWrite, timeout);
-        readTables(*connection);
-        connection->execute("PRAGMA query_only = ON");
-        return connection;
+        if (!wouldBeginLog(*connection)) {
+            readTables(*connection);
+            connection->execute("PRAGMA query_only = ON");
+            return connection;
+        }
     } catch (const DatabaseError& error) {
         const int code = error.number() & 0xFF;
         if (code != SQLITE_CANTOPEN && code != SQLITE_READONLY && code != SQLITE_PERM) throw;
@@ -165,9 +180,9 @@ void requireWritable(SqliteConnection& connection, OthersMay others) {
 
 std::unique_ptr<SqliteConnection> connectForWriting(const std::string& path, int timeout, OthersMay others) {
     auto connection = std::make_unique<SqliteConnection>(path, SqliteConnection::Mode::readWrite, timeout);
-    readTables(*connection);
-    if (sqlite3_db_readonly(connection->get(), "main") != 0)
+    if (isReadOnly(*connection))
         fail(Fault::readOnly, named(path) + " cannot be written to; change its permissions, or work on a copy.");
+    readTables(*connection);
     requireWritable(*connection, others);
     return connection;
 }
